@@ -1,5 +1,5 @@
-// One piece of PCM sound in memory: a format record and one block of interleaved frames. It does not know what file it
-// came from, whether it changed, or what is selected.
+// One piece of PCM sound in memory: a format record and one block of interleaved frames. It does not know
+// what file it came from, whether it changed, or what is selected.
 #pragma once
 
 #include <cstddef>
@@ -28,8 +28,8 @@ struct AudioClip {
   std::unique_ptr<AudioClip> Copy() const;
 };
 
-// (dataSize × 100 / blockAlign) / rate, unsigned 32-bit with truncation at each step: the product wraps for 42,949,673
-// bytes or more, and that is kept. A zero divisor gives 0.
+// (dataSize × 100 / blockAlign) / rate, unsigned 32-bit with truncation at each step: the product wraps for
+// 42,949,673 bytes or more, and that is kept. A zero divisor gives 0.
 std::uint32_t DurationInHundredths(std::uint32_t dataSize, std::uint32_t blockAlign, std::uint32_t rate);
 
 // Releases the clip and leaves the pointer null. Returns 0, or 5 when there was nothing to release.

@@ -20,11 +20,17 @@ struct WaveFormat {
 };
 
 // Bytes that hold one sample of `bits` bits: bits / 8, rounded up.
-constexpr std::uint32_t BytesPerSample(std::uint32_t bits) { return (bits + 7) / 8; }
+constexpr std::uint32_t BytesPerSample(std::uint32_t bits) {
+  return (bits + 7) / 8;
+}
 
 // Bytes per frame as computed from bits and channels; equals nBlockAlign in files this program writes.
-constexpr std::uint32_t FrameSize(std::uint32_t bits, std::uint32_t channels) { return BytesPerSample(bits) * channels; }
-constexpr std::uint32_t FrameSize(const WaveFormat& format) { return FrameSize(format.wBitsPerSample, format.nChannels); }
+constexpr std::uint32_t FrameSize(std::uint32_t bits, std::uint32_t channels) {
+  return BytesPerSample(bits) * channels;
+}
+constexpr std::uint32_t FrameSize(const WaveFormat& format) {
+  return FrameSize(format.wBitsPerSample, format.nChannels);
+}
 
 // rate × bytes per sample × channels, in 32-bit unsigned arithmetic.
 constexpr std::uint32_t BytesPerSecond(std::uint32_t rate, std::uint32_t bits, std::uint32_t channels) {
@@ -32,7 +38,8 @@ constexpr std::uint32_t BytesPerSecond(std::uint32_t rate, std::uint32_t bits, s
 }
 
 // rate × bytes per sample × channels × milliseconds × 0.001 in extended precision, truncated toward zero.
-std::uint32_t BytesForMilliseconds(std::uint32_t rate, std::uint32_t bits, std::uint32_t channels, std::uint32_t milliseconds);
+std::uint32_t BytesForMilliseconds(std::uint32_t rate, std::uint32_t bits, std::uint32_t channels,
+                                   std::uint32_t milliseconds);
 
 // The record of PCM sound with these values, the two derived fields computed.
 WaveFormat PcmFormat(std::uint32_t rate, std::uint16_t bits, std::uint16_t channels);

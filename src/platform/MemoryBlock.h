@@ -1,5 +1,5 @@
-// One block of bytes of fixed size that starts out uninitialised: where the sound of a clip lives. Unlike a vector it
-// touches no page before the caller does, so reading an hour of sound costs one pass, not two.
+// One block of bytes of fixed size that starts out uninitialised: where the sound of a clip lives. Unlike a
+// vector it touches no page before the caller does, so reading an hour of sound costs one pass, not two.
 #pragma once
 
 #include <cstddef>
@@ -30,7 +30,7 @@ class MemoryBlock {
   std::span<const std::byte> Bytes() const { return {data, size}; }
 
  private:
-  MemoryBlock(std::byte* data, std::size_t size) : data(data), size(size) {}
+  MemoryBlock(std::byte* start, std::size_t length) : data(start), size(length) {}
   void Release();
 
   std::byte* data = nullptr;

@@ -1,0 +1,45 @@
+// Writes PCM sound as a WAVE file of exactly three parts: RIFF header, 16-byte format record, data.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+
+#include "audio/Progress.h"
+#include "platform/ByteOutput.h"
+
+namespace tembrel {
+
+struct WriteResult {
+  bool ok = false;
+  bool cancelled = false;  // the progress function said so
+  std::string reason;      // of a failure: the system's words
+};
+
+// The sizes in a WAVE file have 32 bits: true when this many bytes of data, and the headers and pad byte,
+// fit.
+bool FitsInWaveFile(std::uint64_t dataBytes);
+
+// The file's bytes into any output.
+WriteResult WriteWaveTo(ByteOutput& output, std::span<const std::byte> data, std::uint32_t rate,
+                        std::uint16_t bits, std::uint16_t channels, const Progress& progress = {});
+
+// Writes in place, for files that can be made again: an existing file is cut to nothing first, and what was
+// written before a failure stays.
+WriteResult WriteWave(std::span<const std::byte> data, std::uint32_t rate, std::uint16_t bits,
+                      std::uint16_t channels, const std::filesystem::path& path,
+                      const Progress& progress = {});
+
+// Writes beside the file and renames over it once the bytes are on the disk (see ReplaceFile): for the user's
+// files.
+WriteResult SaveWaveFile(std::span<const std::byte> data, std::uint32_t rate, std::uint16_t bits,
+                         std::uint16_t channels, const std::filesystem::path& path,
+                         const Progress& progress = {});
+
+// WriteWave for those who do not ask how it went: always 1.
+int WriteWaveFile(std::span<const std::byte> data, std::uint32_t rate, std::uint16_t bits,
+                  std::uint16_t channels, const std::filesystem::path& path);
+
+}  // namespace tembrel
