@@ -28,6 +28,8 @@ class ProfileFile {
   // do not count.
   int ReadInt(std::string_view section, std::string_view key, int defaultValue) const;
 
+  const ProfileText& Text() const { return text; }
+
   // Changes these values in what now stands in the file, which is created when missing, and leaves the rest
   // as it is. A file that exists but cannot be read is not touched.
   ReplaceResult Write(std::span<const ProfileEntry> entries);

@@ -2,6 +2,7 @@
 // every other byte as it was, the order, the blanks, the comments and the kind of line ends included.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +31,8 @@ class ProfileText {
  private:
   std::size_t FindSection(std::string_view section, std::size_t from) const;
   std::size_t SectionEnd(std::size_t header) const;
+  std::size_t FindKey(std::string_view section, const std::string_view* key) const;  // any key when null
+  void InsertLine(std::size_t place, std::string line);
 
   std::vector<std::string> lines;  // without their line ends
   std::vector<std::string> ends;   // the line end of each; empty for a last line that has none

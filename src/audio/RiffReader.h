@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/InputFile.h"
@@ -48,6 +49,10 @@ class RiffReader {
   // Goes behind the chunk and its pad byte.
   void Ascend(const RiffChunk& chunk);
 
+  // The system's words when a header that was looked for could not be read; empty when it simply is not
+  // there.
+  const std::string& ReadError() const { return readError; }
+
  private:
   explicit RiffReader(InputFile openFile) : file(std::move(openFile)) {}
   std::optional<RiffChunk> HeaderAt(std::uint64_t offset, std::uint64_t end);
@@ -57,6 +62,7 @@ class RiffReader {
   std::uint64_t position = 0;
   std::vector<std::byte> window;  // bytes of the file around the headers that are being looked at
   std::uint64_t windowOffset = 0;
+  std::string readError;
 };
 
 }  // namespace tembrel

@@ -17,8 +17,13 @@ class OutputFile : public ByteOutput {
  public:
   // Creates the file or cuts an existing one to nothing, keeping its identity: a lock on it stays.
   static std::optional<OutputFile> Create(const std::filesystem::path& path, std::string& reason);
-  // Creates a file that nobody else may read yet; fails when the name is taken.
-  static std::optional<OutputFile> CreateNew(const std::filesystem::path& path, std::string& reason);
+  enum class Access {
+    kDefault,    // what the user's mask leaves of reading and writing for all
+    kOwnerOnly,  // until TakeAttributesOf
+  };
+  // Creates a file; fails when the name is taken, be it by a dangling link.
+  static std::optional<OutputFile> CreateNew(const std::filesystem::path& path, Access access,
+                                             std::string& reason);
 
   OutputFile(OutputFile&& other) noexcept;
   OutputFile& operator=(OutputFile&& other) noexcept;
@@ -36,17 +41,14 @@ class OutputFile : public ByteOutput {
   // nobody.
   bool Close(std::string& reason);
 
-  // Gives the file the owner, group and permissions of another, as far as the system lets this user.
-  bool TakeAttributesOf(const std::filesystem::path& other, std::string& reason);
-  // Gives the file the permissions that a newly created file has.
-  bool TakeNewFilePermissions(std::string& reason);
+  // Gives the file the permissions of another, and its owner and group as far as the system lets this user;
+  // rights of a group that could not be given are not given to this user's group instead.
+  void TakeAttributesOf(const std::filesystem::path& other);
 
  private:
   explicit OutputFile(int openDescriptor) : descriptor(openDescriptor) {}
-  void CloseQuietly();
 
   int descriptor = -1;
-  std::uint64_t written = 0;
 };
 
 }  // namespace tembrel
