@@ -1,0 +1,150 @@
+#include "view/ColumnExtremes.h"
+
+#include <array>
+#include <bit>
+#include <cstring>
+#include <limits>
+#include <system_error>
+#include <thread>
+
+namespace tembrel {
+
+namespace {
+
+static_assert(std::endian::native == std::endian::little, "samples are read as they lie in memory");
+
+// Starting a thread costs about what looking at this many samples does.
+constexpr std::int64_t kSamplesWorthAThread = 1 << 18;
+constexpr unsigned kMostThreads = 16;
+
+template <typename Sample>
+Sample Load(const std::byte* at) {
+  Sample sample;
+  std::memcpy(&sample, at, sizeof sample);
+  return sample;
+}
+
+// Lowest and highest value of up to two channels while a column is looked at.
+template <typename Sample, int kChannels>
+struct Running {
+  std::array<Sample, kChannels> low;
+  std::array<Sample, kChannels> high;
+
+  Running() {
+    low.fill(std::numeric_limits<Sample>::max());
+    high.fill(std::numeric_limits<Sample>::min());
+  }
+  void Take(int channel, Sample lowest, Sample highest) {
+    const auto c = static_cast<std::size_t>(channel);
+    low[c] = std::min(low[c], lowest);
+    high[c] = std::max(high[c], highest);
+  }
+};
+
+// `count` packed frames, every one looked at. The inner loops run over lanes, which the compiler turns into
+// vectors; with an even number of lanes a lane always holds the same channel.
+template <typename Sample, int kChannels>
+Running<Sample, kChannels> PackedExtremes(const std::byte* at, std::int64_t count) {
+  constexpr std::size_t kLanes = 32 / sizeof(Sample);
+  Running<Sample, kChannels> result;
+  std::array<Sample, kLanes> low;
+  std::array<Sample, kLanes> high;
+  low.fill(std::numeric_limits<Sample>::max());
+  high.fill(std::numeric_limits<Sample>::min());
+  std::int64_t samples = count * kChannels;
+  for (; samples >= static_cast<std::int64_t>(kLanes); samples -= kLanes, at += 32) {
+    std::array<Sample, kLanes> block;
+    std::memcpy(block.data(), at, 32);
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      low[lane] = std::min(low[lane], block[lane]);
+      high[lane] = std::max(high[lane], block[lane]);
+    }
+  }
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    result.Take(static_cast<int>(lane % kChannels), low[lane], high[lane]);
+  }
+  for (std::int64_t i = 0; i < samples; ++i, at += sizeof(Sample)) {
+    const auto sample = Load<Sample>(at);
+    result.Take(static_cast<int>(i % kChannels), sample, sample);
+  }
+  return result;
+}
+
+// `count` frames `distance` bytes apart; the second channel lies `apart` bytes after the first.
+template <typename Sample, int kChannels>
+Running<Sample, kChannels> SpreadExtremes(const std::byte* at, std::int64_t count, std::int64_t distance,
+                                          std::int64_t apart) {
+  Running<Sample, kChannels> result;
+  for (std::int64_t i = 0; i < count; ++i) {
+    const std::byte* frame = at + i * distance;
+    for (int channel = 0; channel < kChannels; ++channel) {
+      const auto sample = Load<Sample>(frame + channel * apart);
+      result.Take(channel, sample, sample);
+    }
+  }
+  return result;
+}
+
+using Columns = std::vector<std::vector<Extremes>>;
+
+template <typename Sample, int kChannels>
+void LookAt(const WaveSpan& span, std::int64_t fromColumn, std::int64_t toColumn, Columns& columns) {
+  const bool packed = span.step == 1 && span.stride == static_cast<std::int64_t>(sizeof(Sample)) * kChannels;
+  const std::byte* samples = span.bytes.data() + span.sampleBytes - static_cast<std::int64_t>(sizeof(Sample));
+  const auto examinedBefore = [&](std::int64_t frame) { return (frame + span.step - 1) / span.step; };
+  std::int64_t from = examinedBefore(span.FirstFrameOf(fromColumn));
+  for (std::int64_t column = fromColumn; column < toColumn; ++column) {
+    const std::int64_t to = examinedBefore(span.FirstFrameOf(column + 1));
+    if (from < to) {
+      const std::byte* at = samples + from * span.step * span.stride;
+      const auto found = packed ? PackedExtremes<Sample, kChannels>(at, to - from)
+                                : SpreadExtremes<Sample, kChannels>(at, to - from, span.step * span.stride,
+                                                                    span.sampleBytes);
+      for (std::size_t channel = 0; channel < kChannels; ++channel) {
+        columns[channel][static_cast<std::size_t>(column)] = {found.low[channel], found.high[channel]};
+      }
+    }
+    from = to;
+  }
+}
+
+using Look = void (*)(const WaveSpan&, std::int64_t, std::int64_t, Columns&);
+
+Look LookFor(const WaveSpan& span) {
+  if (span.sampleBytes == 1) {
+    return span.channels == 1 ? LookAt<std::uint8_t, 1> : LookAt<std::uint8_t, 2>;
+  }
+  return span.channels == 1 ? LookAt<std::int16_t, 1> : LookAt<std::int16_t, 2>;
+}
+
+std::int64_t ThreadsFor(const WaveSpan& span) {
+  const std::int64_t samples = span.frames / span.step * span.channels;
+  const unsigned processors = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
+  return std::clamp<std::int64_t>(samples / kSamplesWorthAThread, 1,
+                                  std::min<std::int64_t>(processors, span.ColumnCount()));
+}
+
+}  // namespace
+
+std::vector<std::vector<Extremes>> ColumnExtremes(const WaveSpan& span) {
+  const std::int64_t count = span.ColumnCount();
+  Columns columns(static_cast<std::size_t>(span.channels),
+                  std::vector<Extremes>(static_cast<std::size_t>(count)));
+  const Look look = LookFor(span);
+  const std::int64_t threads = ThreadsFor(span);
+  std::vector<std::jthread> helpers;
+  for (std::int64_t i = 1; i < threads; ++i) {
+    const std::int64_t from = count * i / threads;
+    const std::int64_t to = count * (i + 1) / threads;
+    try {
+      helpers.emplace_back([&span, &columns, look, from, to] { look(span, from, to, columns); });
+    } catch (const std::system_error&) {
+      // No more threads to be had: this one does the share.
+      look(span, from, to, columns);
+    }
+  }
+  look(span, 0, count / threads, columns);
+  return columns;
+}
+
+}  // namespace tembrel

@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+#include <random>
+
+#include "tests/view/TestClips.h"
+#include "view/WavePicture.h"
+
+namespace tembrel {
+namespace {
+
+struct Painted {
+  PaintArea area;
+  std::vector<Rgb> pixels;
+
+  explicit Painted(const PaintArea& paintArea, Rgb before = 0xFF123456)
+      : area(paintArea),
+        pixels(static_cast<std::size_t>(paintArea.width) * static_cast<std::size_t>(paintArea.height),
+               before) {}
+
+  Raster AsRaster() { return {pixels, area.width, area.height, area.width}; }
+  Rgb At(int x, int y) const { return pixels[static_cast<std::size_t>(y * area.width + x)]; }
+};
+
+TEST(WavePicture, WithoutAClipOnlyTheMonoGridIsPainted) {
+  Painted picture({600, 175});
+  PaintPicture(picture.AsRaster(), nullptr, picture.area, 0, 441000);
+  EXPECT_EQ(picture.At(1, 0), kPaperColor);
+  EXPECT_EQ(picture.At(1, 7), kGridColor);
+  EXPECT_EQ(picture.At(1, 86), kCentreColor);
+  EXPECT_EQ(picture.At(599, 166), kGridColor);
+  EXPECT_EQ(picture.At(120, 0), kTimeColor);
+  EXPECT_EQ(picture.At(120, 2), kTimeColor);
+  EXPECT_EQ(picture.At(120, 3), kPaperColor);
+  EXPECT_EQ(picture.At(120, 6), kTimeColor);
+  EXPECT_EQ(std::count(picture.pixels.begin(), picture.pixels.end(), kWaveColor), 0);
+}
+
+TEST(WavePicture, StereoBandIsFilled) {
+  Painted picture({600, 175});
+  const AudioClip clip = ClipOfSamples(2, {0, 0});
+  PaintPicture(picture.AsRaster(), &clip, picture.area, 0, 441000);
+  for (int y = 79; y <= 93; ++y) {
+    EXPECT_EQ(picture.At(1, y), kGridColor);
+  }
+  EXPECT_EQ(picture.At(1, 78), kPaperColor);
+  EXPECT_EQ(picture.At(1, 94), kPaperColor);
+}
+
+TEST(WavePicture, WaveformLiesOverTheGridInDashes) {
+  Painted picture({100, 220});
+  const AudioClip clip = ClipOfSamples(1, std::vector<int>{0, 32767, 32767, 32767});
+  PaintPicture(picture.AsRaster(), &clip, picture.area, 0, 4);
+  // From (25, 10) to (50, 10): eighteen pixels, then a gap of six.
+  EXPECT_EQ(picture.At(25, 10), kWaveColor);
+  EXPECT_EQ(picture.At(42, 10), kWaveColor);
+  EXPECT_NE(picture.At(43, 10), kWaveColor);
+  EXPECT_EQ(picture.At(0, 110), kWaveColor);
+}
+
+TEST(WavePicture, NothingOutsideTheAreaIsPainted) {
+  Painted picture({50, 40}, 0xFF123456);
+  const AudioClip clip = NoiseClip(16, 2, 1000, 255, 1);
+  PaintPicture(picture.AsRaster(), &clip, {30, 20}, 0, 1000);
+  for (int y = 0; y < 40; ++y) {
+    for (int x = 0; x < 50; ++x) {
+      EXPECT_EQ(picture.At(x, y) == 0xFF123456, x >= 30 || y >= 20);
+    }
+  }
+}
+
+TEST(WavePicture, PensAreAsStated) {
+  const PaintArea area{600, 200};
+  EXPECT_EQ(PenOf(Layer::Grid, area, false), (Pen{0xFF969696, 1, PenStyle::Solid, 1}));
+  EXPECT_EQ(PenOf(Layer::Centre, area, false), (Pen{0xFF800040, 1, PenStyle::Solid, 1}));
+  EXPECT_EQ(PenOf(Layer::Time, area, false), (Pen{0xFF464646, 1, PenStyle::Dot, 1}));
+  EXPECT_EQ(PenOf(Layer::Wave, area, false), (Pen{0xFF0000FF, 1, PenStyle::Dash, 1}));
+}
+
+TEST(WavePicture, PensGrowWithTheScaleButForDenseColumns) {
+  EXPECT_EQ(PenOf(Layer::Grid, {600, 200, 1.5}, false).thickness, 1);
+  EXPECT_EQ(PenOf(Layer::Grid, {600, 200, 2.0}, false).thickness, 2);
+  EXPECT_EQ(PenOf(Layer::Wave, {600, 200, 2.0}, false).thickness, 2);
+  EXPECT_EQ(PenOf(Layer::Wave, {600, 200, 2.0}, true), (Pen{kWaveColor, 1, PenStyle::Dash, 2}));
+}
+
+TEST(Cursor, StripIsThreePixelsAroundTheCursor) {
+  const PaintArea area{600, 175};
+  EXPECT_EQ(CursorStrip(area, 100), (PixelRect{99, 0, 3, 175}));
+  EXPECT_EQ(CursorStrip(area, 0), (PixelRect{0, 0, 2, 175}));
+  EXPECT_EQ(CursorStrip(area, 599), (PixelRect{598, 0, 2, 175}));
+  EXPECT_EQ(CursorStrip(area, 600), (PixelRect{599, 0, 1, 175}));
+  EXPECT_TRUE(CursorStrip(area, 601).Empty());
+  EXPECT_TRUE(CursorStrip(area, -2).Empty());
+  EXPECT_TRUE(CursorStrip(area, std::int64_t{1} << 40).Empty());
+  EXPECT_TRUE(CursorStrip({0, 0}, 0).Empty());
+}
+
+TEST(Cursor, StripGrowsWithTheScale) {
+  EXPECT_EQ(CursorStrip({1200, 350, 2.0}, 100), (PixelRect{97, 0, 6, 350}));
+  EXPECT_EQ(CursorStrip({900, 260, 1.5}, 100), (PixelRect{98, 0, 5, 260}));
+}
+
+TEST(Cursor, IsMagentaOnWhiteAndGreenOnBlack) {
+  Painted picture({3, 1}, 0xFFFFFFFF);
+  picture.pixels[1] = 0xFF000000;
+  LayCursor(picture.AsRaster(), {0, 0, 3, 1});
+  EXPECT_EQ(picture.pixels, (std::vector<Rgb>{0xFFFF00FF, 0xFF00FF00, 0xFFFF00FF}));
+}
+
+TEST(Cursor, LaidTwiceRestoresThePicture) {
+  Painted picture({64, 64});
+  std::minstd_rand random(5);
+  for (Rgb& pixel : picture.pixels) {
+    pixel = static_cast<Rgb>(random());
+  }
+  const std::vector<Rgb> before = picture.pixels;
+  const PixelRect strip = CursorStrip(picture.area, 20);
+  LayCursor(picture.AsRaster(), strip);
+  EXPECT_NE(picture.pixels, before);
+  EXPECT_EQ(picture.At(18, 5), before[5 * 64 + 18]);
+  LayCursor(picture.AsRaster(), strip);
+  EXPECT_EQ(picture.pixels, before);
+}
+
+TEST(Cursor, StripsOutsideTheRasterAreCutOff) {
+  Painted picture({4, 4}, 0xFFFFFFFF);
+  LayCursor(picture.AsRaster(), {3, -5, 10, 100});
+  EXPECT_EQ(std::count(picture.pixels.begin(), picture.pixels.end(), kCursorColor), 4);
+  LayCursor({picture.pixels, 4, 100, 4}, {0, 0, 4, 100});
+  EXPECT_EQ(picture.At(3, 3), 0xFFFFFFFF);
+}
+
+}  // namespace
+}  // namespace tembrel
