@@ -1,1 +1,5 @@
-int main() { return 0; }
+#include "app/ui/tembrelApp.h"
+
+int main(int argc, char** argv) {
+  return tembrel::tembrelApp(argc, argv).Run();
+}

@@ -1,0 +1,223 @@
+#include "app/ui/TMainWindow.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QLayout>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QUrl>
+
+#include "app/AcceleratorTable.h"
+#include "app/CommandTable.h"
+#include "app/ui/HelpWindow.h"
+#include "app/ui/StatusGadgets.h"
+#include "app/ui/VAboutDialog.h"
+#include "app/ui/tembrelMDIClient.h"
+#include "view/ui/CountWin.h"
+#include "view/ui/GrayStatic.h"
+
+namespace tembrel {
+
+namespace {
+
+constexpr QSize kFirstSize(960, 640);
+
+QString ToText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::vector<QUrl> DroppedFiles(const QMimeData* data) {
+  std::vector<QUrl> files;
+  const QList<QUrl> urls = data->urls();
+  std::ranges::copy_if(urls, std::back_inserter(files), &QUrl::isLocalFile);
+  return files;
+}
+
+}  // namespace
+
+TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store)
+    : prompts(this),
+      paths(std::move(programPaths)),
+      client(new tembrelMDIClient(paths, std::move(store), prompts, this)),
+      gadgets(new StatusGadgets(statusBar())) {
+  setObjectName("TMainWindow");
+  setWindowTitle("Tembrel");
+  setWindowIcon(QIcon(":/tembrel.svg"));
+  setAcceptDrops(true);
+  resize(kFirstSize);
+  statusBar()->setSizeGripEnabled(true);
+  client->setBackground(palette().brush(QPalette::Dark));
+  setCentralWidget(client);
+  CreateMenus();
+  CreateAccelerators();
+  CreateTopStrip();
+  connect(client, &tembrelMDIClient::stateChanged, this, &TMainWindow::RefreshCommands);
+  connect(client, &tembrelMDIClient::recentFilesChanged, this, &TMainWindow::RebuildRecentFiles);
+  connect(client, &tembrelMDIClient::exitRequested, this, &QWidget::close);
+  connect(client, &tembrelMDIClient::aboutRequested, this, &TMainWindow::ShowAbout);
+  connect(client, &tembrelMDIClient::helpRequested, this, &TMainWindow::ShowHelp);
+  connect(client, &tembrelMDIClient::statusTextsChanged, this,
+          [this](const StatusTexts& texts) { gadgets->Show(texts); });
+  connect(client, &tembrelMDIClient::counterChanged, this,
+          [this](qint64 frame, qint64 rate) { counter->Update(frame, rate); });
+}
+
+// The client writes the settings while the rest of the window still stands.
+TMainWindow::~TMainWindow() {
+  delete takeCentralWidget();
+}
+
+QAction* TMainWindow::CommandAction(int id) {
+  QAction*& action = actions[id];
+  if (action == nullptr) {
+    action = new QAction(this);
+    action->setProperty("commandId", id);
+    connect(action, &QAction::triggered, client, [this, id] { client->RunCommand(id); });
+    addAction(action);
+  }
+  return action;
+}
+
+void TMainWindow::CreateMenus() {
+  for (const Menu& menu : MainMenu()) {
+    QMenu* created = menuBar()->addMenu(ToText(menu.text));
+    FillMenu(created, menu.items);
+    connect(created, &QMenu::aboutToShow, this, &TMainWindow::RefreshCommands);
+    if (menu.tail == MenuTail::RecentFiles) {
+      fileMenu = created;
+    } else if (menu.tail == MenuTail::WindowList) {
+      windowMenu = created;
+      connect(created, &QMenu::aboutToShow, this, &TMainWindow::RebuildWindowList);
+    }
+  }
+}
+
+void TMainWindow::FillMenu(QMenu* menu, const std::vector<MenuItem>& items) {
+  for (const MenuItem& item : items) {
+    if (item.IsSeparator()) {
+      menu->addSeparator();
+    } else if (!item.popup.empty()) {
+      FillMenu(menu->addMenu(ToText(item.text)), item.popup);
+    } else {
+      QAction* action = CommandAction(item.id);
+      action->setText(ToText(item.text));
+      menu->addAction(action);
+    }
+  }
+}
+
+void TMainWindow::CreateAccelerators() {
+  for (const Accelerator& accelerator : AcceleratorTable()) {
+    QAction* action = CommandAction(accelerator.id);
+    QList<QKeySequence> keys = action->shortcuts();
+    keys << QKeySequence(ToText(accelerator.key), QKeySequence::PortableText);
+    action->setShortcuts(keys);
+    action->setAutoRepeat(accelerator.autoRepeat);
+  }
+}
+
+void TMainWindow::CreateTopStrip() {
+  auto* bar = new QToolBar("Top strip", this);
+  bar->setObjectName("topStripBar");
+  bar->setMovable(false);
+  bar->setFloatable(false);
+  bar->toggleViewAction()->setEnabled(false);
+  bar->setContextMenuPolicy(Qt::PreventContextMenu);
+  bar->layout()->setContentsMargins(0, 0, 0, 0);
+  auto* strip = new GrayStatic(bar);
+  counter = new CountWin(strip);
+  counter->move(GrayStatic::kCounterX, (GrayStatic::kHeight - counter->height()) / 2);
+  bar->addWidget(strip);
+  addToolBar(Qt::TopToolBarArea, bar);
+}
+
+void TMainWindow::RebuildRecentFiles() {
+  for (QAction* action : std::as_const(recentActions)) {
+    fileMenu->removeAction(action);
+    if (action->isSeparator()) {
+      delete action;
+    }
+  }
+  recentActions.clear();
+  const std::vector<RecentMenuEntry> entries = client->Recent().MenuEntries();
+  if (!entries.empty()) {
+    recentActions << fileMenu->addSeparator();
+  }
+  for (const RecentMenuEntry& entry : entries) {
+    QAction* action = CommandAction(entry.id);
+    action->setText(PathToText(entry.text));
+    fileMenu->addAction(action);
+    recentActions << action;
+  }
+}
+
+void TMainWindow::RebuildWindowList() {
+  for (QAction* action : std::as_const(windowActions)) {
+    delete action;
+  }
+  windowActions.clear();
+  const QList<QMdiSubWindow*> windows = client->subWindowList(QMdiArea::CreationOrder);
+  if (!windows.isEmpty()) {
+    windowActions << windowMenu->addSeparator();
+  }
+  int number = 0;
+  for (QMdiSubWindow* window : windows) {
+    ++number;
+    QString title = window->windowTitle();
+    title.replace("[*]", window->isWindowModified() ? "*" : "").replace('&', "&&");
+    QAction* action = windowMenu->addAction((number < 10 ? "&" : "") + QString::number(number) + " " + title);
+    action->setCheckable(true);
+    action->setChecked(window == client->currentSubWindow());
+    connect(action, &QAction::triggered, client, [this, window] { client->setActiveSubWindow(window); });
+    windowActions << action;
+  }
+}
+
+void TMainWindow::RefreshCommands() {
+  for (auto it = actions.cbegin(); it != actions.cend(); ++it) {
+    const bool consumed = std::ranges::find(ConsumedCommands(), it.key()) != ConsumedCommands().end();
+    it.value()->setEnabled(consumed || client->IsCommandEnabled(it.key()));
+  }
+}
+
+void TMainWindow::ShowAbout() {
+  VAboutDialog(this).exec();
+}
+
+void TMainWindow::ShowHelp() {
+  HelpWindow::ShowFor(this, paths.helpPath);
+}
+
+void TMainWindow::closeEvent(QCloseEvent* event) {
+  if (!client->AskAllToClose()) {
+    event->ignore();
+    return;
+  }
+  client->CloseAllUnasked();
+  event->accept();
+}
+
+void TMainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!DroppedFiles(event->mimeData()).empty()) {
+    event->acceptProposedAction();
+  }
+}
+
+void TMainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  for (const QUrl& url : DroppedFiles(event->mimeData())) {
+    client->OpenDocument(TextToPath(url.toLocalFile()));
+  }
+}
+
+}  // namespace tembrel

@@ -1,0 +1,59 @@
+// The main frame: menu bar, accelerators, top strip, document area and status bar.
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+
+#include "app/MenuTable.h"
+#include "app/ui/QtPrompts.h"
+#include "audio/ProgramPaths.h"
+#include "audio/SettingStore.h"
+
+class QAction;
+class QMenu;
+
+namespace tembrel {
+
+class CountWin;
+class StatusGadgets;
+class tembrelMDIClient;
+
+class TMainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  TMainWindow(ProgramPaths programPaths, SettingStore store);
+  ~TMainWindow() override;
+
+  tembrelMDIClient* Client() { return client; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  QAction* CommandAction(int id);
+  void CreateMenus();
+  void FillMenu(QMenu* menu, const std::vector<MenuItem>& items);
+  void CreateAccelerators();
+  void CreateTopStrip();
+  void RebuildRecentFiles();
+  void RebuildWindowList();
+  void RefreshCommands();
+  void ShowAbout();
+  void ShowHelp();
+
+  QtPrompts prompts;
+  ProgramPaths paths;
+  tembrelMDIClient* client;
+  StatusGadgets* gadgets;
+  CountWin* counter = nullptr;
+  QMenu* fileMenu = nullptr;
+  QMenu* windowMenu = nullptr;
+  QHash<int, QAction*> actions;
+  QList<QAction*> recentActions;
+  QList<QAction*> windowActions;
+};
+
+}  // namespace tembrel

@@ -1,0 +1,86 @@
+#include "app/ui/tembrelApp.h"
+
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include <QTimer>
+
+#include "app/CommandLine.h"
+#include "app/ui/QtPrompts.h"
+#include "app/ui/TMainWindow.h"
+#include "app/ui/tembrelMDIClient.h"
+#include "audio/ProgramPaths.h"
+#include "audio/SettingStore.h"
+
+namespace tembrel {
+
+namespace {
+
+constexpr char kScreenshotOption[] = "--screenshot";
+
+}  // namespace
+
+tembrelApp::tembrelApp(int& argc, char** argv) : QApplication(argc, argv) {
+  setApplicationName("Tembrel");
+  setDesktopFileName("tembrel");
+  TakeCommandLine();
+  InitMainWindow();
+}
+
+tembrelApp::~tembrelApp() = default;
+
+// "--screenshot PNG [FILE]" saves a picture of the main window once FILE is shown, and quits.
+void tembrelApp::TakeCommandLine() {
+  std::vector<std::string> arguments;
+  const QStringList given = QCoreApplication::arguments();
+  for (const QString& argument : given.mid(1)) {
+    arguments.push_back(TextToPath(argument).string());
+  }
+  std::error_code error;
+  const std::filesystem::path startFolder = std::filesystem::current_path(error);
+  if (arguments.size() >= 2 && arguments.front() == kScreenshotOption) {
+    screenshot = FullPath(arguments[1], startFolder);
+    arguments.erase(arguments.begin(), arguments.begin() + 2);
+  }
+  const std::string name = StartUpFileName(arguments, [](const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::exists(path, ignored);
+  });
+  startUpFile = FullPath(name, startFolder);
+}
+
+void tembrelApp::InitMainWindow() {
+  mainWindow = std::make_unique<TMainWindow>(FindProgramPaths(), SettingStore(SettingStorePath()));
+}
+
+void tembrelApp::SetUpClient() {
+  tembrelMDIClient* client = mainWindow->Client();
+  client->SetUp();
+  client->OfferRecovery();
+  if (!startUpFile.empty()) {
+    client->OpenDocument(startUpFile);
+  }
+}
+
+void tembrelApp::SaveScreenshotAndQuit() {
+  const bool saved = mainWindow->grab().save(PathToText(screenshot), "PNG");
+  mainWindow->close();
+  exit(saved ? 0 : 1);
+}
+
+int tembrelApp::Run() {
+  mainWindow->show();
+  // The windows exist and are painted first, so that a long load is seen to go on.
+  QTimer::singleShot(0, this, [this] {
+    SetUpClient();
+    if (!screenshot.empty()) {
+      QTimer::singleShot(0, this, &tembrelApp::SaveScreenshotAndQuit);
+    }
+  });
+  const int status = exec();
+  mainWindow.reset();
+  return status;
+}
+
+}  // namespace tembrel

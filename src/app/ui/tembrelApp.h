@@ -1,0 +1,35 @@
+// The application: it takes the command line, makes the main window and runs it.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include <QApplication>
+
+namespace tembrel {
+
+class TMainWindow;
+
+class tembrelApp : public QApplication {
+  Q_OBJECT
+
+ public:
+  tembrelApp(int& argc, char** argv);
+  ~tembrelApp() override;
+
+  // Shows the main window, opens the start-up file and runs until the window closes. Returns the process's
+  // status.
+  int Run();
+
+ private:
+  void TakeCommandLine();
+  void InitMainWindow();
+  void SetUpClient();
+  void SaveScreenshotAndQuit();
+
+  std::filesystem::path startUpFile;
+  std::filesystem::path screenshot;  // empty: run until the user quits
+  std::unique_ptr<TMainWindow> mainWindow;
+};
+
+}  // namespace tembrel

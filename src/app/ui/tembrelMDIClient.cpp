@@ -1,0 +1,321 @@
+#include "app/ui/tembrelMDIClient.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QMdiSubWindow>
+#include <QUrl>
+
+#include "app/CommandIds.h"
+#include "app/ProductInfo.h"
+#include "app/ui/QtPrompts.h"
+#include "document/FileFilter.h"
+#include "document/Opening.h"
+#include "document/Recovery.h"
+#include "document/Saving.h"
+#include "document/StringTable.h"
+#include "document/ui/AudioWin.h"
+#include "document/ui/tembrelMDIChild.h"
+
+namespace tembrel {
+
+namespace {
+
+constexpr QSize kDocumentSize(624, 334);
+constexpr int kMinimizedWidth = 190;
+
+// The wait cursor for as long as it lives.
+class WaitCursor {
+ public:
+  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+}  // namespace
+
+tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore settingStore, Prompts& questions,
+                                   QWidget* parent)
+    : QMdiArea(parent), paths(std::move(programPaths)), store(std::move(settingStore)), prompts(questions) {
+  setObjectName("tembrelMDIClient");
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  connect(this, &QMdiArea::subWindowActivated, this, [this] {
+    ShowActiveStatus();
+    Q_EMIT stateChanged();
+  });
+}
+
+tembrelMDIClient::~tembrelMDIClient() {
+  std::error_code ignored;
+  std::filesystem::remove(paths.sharedTempPath, ignored);
+  SaveSettings(paths.settingsFile, settings);
+  SaveLastFiles(store, recentFiles.Slots());
+  SaveLastFolder(store, std::filesystem::current_path(ignored));
+}
+
+void tembrelMDIClient::SetUp() {
+  settings = LoadSettings(paths.settingsFile);
+  Q_EMIT statusTextsChanged(
+      FormatStatusTexts(settings.playback.rate, settings.playback.bits, settings.playback.channels));
+  recentFiles.SetSlots(LoadLastFiles(store));
+  Q_EMIT recentFilesChanged();
+  std::error_code ignored;
+  std::filesystem::current_path(LoadLastFolder(store, paths.programFolder), ignored);
+  Q_EMIT stateChanged();
+}
+
+void tembrelMDIClient::OfferRecovery() {
+  const std::vector<AbandonedCopy> copies = FindAbandonedCopies(paths.tempFolder);
+  if (copies.empty()) {
+    return;
+  }
+  const bool recover = prompts.AskYesNo(RecoveryQuestion(copies));
+  for (const AbandonedCopy& copy : copies) {
+    if (!recover) {
+      RemoveAbandonedCopy(copy);
+      continue;
+    }
+    tembrelMDIChild* child = NewChild(PathToText(copy.documentName));
+    Document& document = child->Window()->Doc();
+    const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress("Recovering " + copy.documentName);
+    const LoadOutcome outcome = document.LoadFile(
+        copy.wave, copy.documentName, settings.playback,
+        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); });
+    if (outcome == LoadOutcome::Cancelled) {
+      child->CloseUnasked();
+      continue;  // the copy stays for the next start
+    }
+    child->Window()->ShowLoadedDocument();
+    if (outcome == LoadOutcome::Loaded) {
+      document.SetChanged(true);
+      child->Window()->RefreshTitle();
+      RemoveAbandonedCopy(copy);
+    }
+  }
+  Q_EMIT stateChanged();
+}
+
+std::vector<tembrelMDIChild*> tembrelMDIClient::Children() const {
+  std::vector<tembrelMDIChild*> children;
+  for (QMdiSubWindow* window : subWindowList(QMdiArea::StackingOrder)) {
+    if (auto* child = qobject_cast<tembrelMDIChild*>(window)) {
+      children.push_back(child);
+    }
+  }
+  return children;
+}
+
+AudioWin* tembrelMDIClient::ActiveDocument() const {
+  const QMdiSubWindow* active = currentSubWindow();
+  return active == nullptr ? nullptr : qobject_cast<AudioWin*>(active->widget());
+}
+
+CommandContext tembrelMDIClient::Context() const {
+  CommandContext context;
+  context.documentCount = documentCount;
+  context.activeAudioDocument = ActiveDocument() != nullptr;
+  return context;
+}
+
+bool tembrelMDIClient::IsCommandEnabled(int id) const {
+  const CommandRow* row = FindCommand(id);
+  return row != nullptr && IsEnabled(*row, Context());
+}
+
+void tembrelMDIClient::RunCommand(int id) {
+  const CommandRow* row = FindCommand(id);
+  if (row != nullptr && IsEnabled(*row, Context())) {
+    Execute(row->handler, id);
+  }
+}
+
+void tembrelMDIClient::Execute(CommandHandler handler, int id) {
+  switch (handler) {
+    case CommandHandler::NewDocument:
+      return NewDocument();
+    case CommandHandler::Open:
+      return OpenDialog();
+    case CommandHandler::Close:
+      return CloseActive();
+    case CommandHandler::Save:
+      SaveActive();
+      return;
+    case CommandHandler::SaveAs:
+      return SaveActiveAs();
+    case CommandHandler::OpenRecent:
+      OpenDocument(recentFiles.Slots().at(static_cast<std::size_t>(id - kCommandRecentFile1)));
+      return;
+    case CommandHandler::Exit:
+      Q_EMIT exitRequested();
+      return;
+    case CommandHandler::Cascade:
+      return cascadeSubWindows();
+    case CommandHandler::Tile:
+      return tileSubWindows();
+    case CommandHandler::ArrangeIcons:
+      return ArrangeIcons();
+    case CommandHandler::CloseAll:
+      if (AskAllToClose()) {
+        CloseAllUnasked();
+      }
+      return;
+    case CommandHandler::HelpContents:
+      Q_EMIT helpRequested();
+      return;
+    case CommandHandler::Website:
+      QDesktopServices::openUrl(QUrl(QString::fromUtf8(kWebsite)));
+      return;
+    case CommandHandler::About:
+      Q_EMIT aboutRequested();
+      return;
+    default:
+      return;
+  }
+}
+
+tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size) {
+  const QMdiSubWindow* active = currentSubWindow();
+  const bool maximized = active != nullptr && active->isMaximized();
+  auto* child = new tembrelMDIChild(
+      window,
+      [this](AudioWin& asking) { return CanClose(asking.Doc(), prompts, [this] { return SaveActive(); }); },
+      this);
+  connect(child, &tembrelMDIChild::closing, this, &tembrelMDIClient::ChildClosing);
+  connect(window, &AudioWin::statusTextsChanged, this, &tembrelMDIClient::statusTextsChanged);
+  connect(window, &AudioWin::counterChanged, this, &tembrelMDIClient::counterChanged);
+  addSubWindow(child);
+  child->resize(size.boundedTo(viewport()->size()));
+  ++documentCount;
+  if (maximized) {
+    child->showMaximized();
+  } else {
+    child->show();
+  }
+  return child;
+}
+
+tembrelMDIChild* tembrelMDIClient::NewChild(const QString& title) {
+  return AddChild(new AudioWin(paths, ++lastHandle, title), kDocumentSize);
+}
+
+void tembrelMDIClient::NewDocument() {
+  const std::string title =
+      std::string(StringResource(kStringNewDocument)) + " - " + std::to_string(documentCount);
+  NewChild(QString::fromStdString(title));
+  Q_EMIT stateChanged();
+}
+
+bool tembrelMDIClient::OpenDocument(const std::filesystem::path& path) {
+  if (!CanBeRead(path)) {
+    prompts.Error(DoesNotExistText(path));
+    return false;
+  }
+  tembrelMDIChild* child = NewChild(PathToText(path));
+  AudioWin* window = child->Window();
+  LoadOutcome outcome = LoadOutcome::Cancelled;
+  {
+    const WaitCursor waiting;
+    const std::unique_ptr<ProgressDisplay> display =
+        prompts.ShowProgress("Opening " + path.filename().string());
+    outcome = ImportFile(
+        window->Doc(), path, settings.playback,
+        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); });
+  }
+  if (outcome == LoadOutcome::Cancelled) {
+    child->CloseUnasked();
+    return false;
+  }
+  window->ShowLoadedDocument();
+  if (outcome == LoadOutcome::Loaded) {
+    AddRecentFile(path);
+  }
+  Q_EMIT stateChanged();
+  return true;
+}
+
+void tembrelMDIClient::OpenDialog() {
+  if (const auto path = prompts.AskOpenPath(ParseFileFilters(StringResource(kStringOpenFilter)))) {
+    OpenDocument(*path);
+    window()->update();
+  }
+}
+
+bool tembrelMDIClient::SaveActive() {
+  AudioWin* active = ActiveDocument();
+  if (active == nullptr) {
+    return false;
+  }
+  const bool saved = SaveDocument(active->Doc(), prompts);
+  active->RefreshTitle();
+  return saved;
+}
+
+void tembrelMDIClient::SaveActiveAs() {
+  AudioWin* active = ActiveDocument();
+  if (active == nullptr) {
+    return;
+  }
+  if (const auto path = SaveDocumentAs(active->Doc(), prompts)) {
+    AddRecentFile(*path);
+  }
+  active->RefreshTitle();
+}
+
+void tembrelMDIClient::AddRecentFile(const std::filesystem::path& path) {
+  recentFiles.Add(path.string());
+  Q_EMIT recentFilesChanged();
+}
+
+void tembrelMDIClient::CloseActive() {
+  if (QMdiSubWindow* active = currentSubWindow()) {
+    active->close();
+  }
+}
+
+void tembrelMDIClient::ChildClosing() {
+  --documentCount;
+  // The child still counts as active until it is gone.
+  QMetaObject::invokeMethod(
+      this, [this] { Q_EMIT stateChanged(); }, Qt::QueuedConnection);
+}
+
+bool tembrelMDIClient::AskAllToClose() {
+  const std::vector<tembrelMDIChild*> children = Children();
+  return std::ranges::all_of(children, [](tembrelMDIChild* child) { return child->AskToClose(); });
+}
+
+void tembrelMDIClient::CloseAllUnasked() {
+  for (tembrelMDIChild* child : Children()) {
+    child->CloseUnasked();
+  }
+}
+
+void tembrelMDIClient::ArrangeIcons() {
+  int x = 0;
+  int y = viewport()->height();
+  for (QMdiSubWindow* window : subWindowList(QMdiArea::CreationOrder)) {
+    if (!window->isMinimized()) {
+      continue;
+    }
+    if (x > 0 && x + window->width() > viewport()->width()) {
+      x = 0;
+      y -= window->height();
+    }
+    window->move(x, y - window->height());
+    x += std::max(window->width(), kMinimizedWidth);
+  }
+}
+
+void tembrelMDIClient::ShowActiveStatus() {
+  if (AudioWin* active = ActiveDocument()) {
+    active->TellStatusTexts();
+  }
+}
+
+}  // namespace tembrel

@@ -1,0 +1,91 @@
+// The client area of the main window: it holds the documents and the application-wide state, and answers
+// every command.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include <QMdiArea>
+
+#include "app/CommandTable.h"
+#include "app/RecentFiles.h"
+#include "audio/ProgramPaths.h"
+#include "audio/SettingStore.h"
+#include "audio/Settings.h"
+#include "document/Prompts.h"
+#include "document/StatusTexts.h"
+
+namespace tembrel {
+
+class AudioWin;
+class tembrelMDIChild;
+
+class tembrelMDIClient : public QMdiArea {
+  Q_OBJECT
+
+ public:
+  // `questions` outlives the client.
+  tembrelMDIClient(ProgramPaths programPaths, SettingStore settingStore, Prompts& questions,
+                   QWidget* parent = nullptr);
+  // Saves the settings and removes the shared temporary file.
+  ~tembrelMDIClient() override;
+
+  // Loads the settings, the recent files and the last folder. Called once, when the main window listens.
+  void SetUp();
+  // Offers the documents that a run that died left behind.
+  void OfferRecovery();
+
+  // Opens the file in a window of its own. False when there is no document afterwards: the file is not there
+  // or the user cancelled.
+  bool OpenDocument(const std::filesystem::path& path);
+
+  // Runs the command when it is enabled.
+  void RunCommand(int id);
+  bool IsCommandEnabled(int id) const;
+
+  // The active document's window; null when there is none.
+  AudioWin* ActiveDocument() const;
+  const RecentFiles& Recent() const { return recentFiles; }
+  const PlaybackFormat& Playback() const { return settings.playback; }
+
+  // Asks every document whether it may close. True when all may; they then close without being asked again.
+  bool AskAllToClose();
+  void CloseAllUnasked();
+
+ Q_SIGNALS:
+  // A command's enabling or the recent files may have changed.
+  void stateChanged();
+  void recentFilesChanged();
+  void statusTextsChanged(const tembrel::StatusTexts& texts);
+  void counterChanged(qint64 frame, qint64 rate);
+  void exitRequested();
+  void aboutRequested();
+  void helpRequested();
+
+ private:
+  void Execute(CommandHandler handler, int id);
+  CommandContext Context() const;
+  tembrelMDIChild* AddChild(AudioWin* window, const QSize& size);
+  tembrelMDIChild* NewChild(const QString& title);
+  void NewDocument();
+  void OpenDialog();
+  bool SaveActive();
+  void SaveActiveAs();
+  void CloseActive();
+  void AddRecentFile(const std::filesystem::path& path);
+  void ChildClosing();
+  void ArrangeIcons();
+  void ShowActiveStatus();
+  std::vector<tembrelMDIChild*> Children() const;
+
+  ProgramPaths paths;
+  SettingStore store;
+  Prompts& prompts;
+  Settings settings;
+  RecentFiles recentFiles;
+  long documentCount = 0;
+  long long lastHandle = 0;
+};
+
+}  // namespace tembrel

@@ -1,0 +1,107 @@
+#include "document/Document.h"
+
+#include <utility>
+
+#include "audio/WaveReader.h"
+
+namespace tembrel {
+
+namespace {
+
+constexpr std::uint64_t kHalf = 1U << 20;  // progress of one of the two passes over the sound
+
+// The share of a whole that begins at `start` and is kHalf long.
+Progress HalfOf(const Progress& whole, std::uint64_t start) {
+  if (!whole) {
+    return {};
+  }
+  return [&whole, start](std::uint64_t done, std::uint64_t total) {
+    const double fraction = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
+    return whole(start + static_cast<std::uint64_t>(fraction * static_cast<double>(kHalf)), 2 * kHalf);
+  };
+}
+
+std::string BaseName(const std::string& path) {
+  return std::filesystem::path(path).filename().string();
+}
+
+std::string LookOnlyNotice(const WaveFormat& format) {
+  std::string shape = std::to_string(format.wBitsPerSample) + " bits, " + std::to_string(format.nChannels) +
+                      (format.nChannels == 1 ? " channel" : " channels");
+  if (format.nBlockAlign != FrameSize(format)) {
+    shape += ", " + std::to_string(format.nBlockAlign) + " bytes per frame";
+  }
+  return "This sound (" + shape + ") can be looked at but not edited.";
+}
+
+}  // namespace
+
+Document::Document(ProgramPaths programPaths, long long windowHandle)
+    : paths(std::move(programPaths)), handle(windowHandle) {}
+
+void Document::Clear() {
+  FreeClip(clip);
+  fileName.clear();
+  notice.clear();
+  tempCopy.reset();
+  frameCount = 0;
+  stereo = false;
+  changed = false;
+}
+
+LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std::string& displayName,
+                               const PlaybackFormat& playback, const Progress& progress) {
+  Clear();
+  LoadResult loaded =
+      LoadClip(wavePath, playback.rate, playback.bits, playback.channels, false, HalfOf(progress, 0));
+  if (loaded.cancelled) {
+    return LoadOutcome::Cancelled;
+  }
+  if (!loaded.clip) {
+    FailToLoad(displayName, loaded.reason);
+    return LoadOutcome::Failed;
+  }
+  clip = std::move(loaded.clip);
+  if (ReadWaveInfo(wavePath, frameCount) == kNoDuration) {
+    frameCount = clip->Frames();
+  }
+  stereo = clip->format.nChannels == 2;
+  fileName = displayName;
+  if (!Editable()) {
+    notice = LookOnlyNotice(clip->format);
+  }
+  const LoadOutcome outcome = MakeTempCopy(progress);
+  if (outcome == LoadOutcome::Cancelled) {
+    Clear();
+  }
+  return outcome;
+}
+
+LoadOutcome Document::MakeTempCopy(const Progress& progress) {
+  tempCopy = TempCopy::Create(paths, handle);
+  if (!tempCopy) {
+    return LoadOutcome::Loaded;
+  }
+  const TempCopy::Result result = tempCopy->Write(*clip, HalfOf(progress, kHalf));
+  return result == TempCopy::Result::Cancelled ? LoadOutcome::Cancelled : LoadOutcome::Loaded;
+}
+
+void Document::FailToLoad(const std::string& displayName, const std::string& reason) {
+  Clear();
+  fileName = displayName;
+  notice = BaseName(displayName) + " could not be read: " + reason + ".";
+}
+
+void Document::SetChanged(bool newValue) {
+  changed = newValue;
+  if (!tempCopy) {
+    return;
+  }
+  if (changed) {
+    tempCopy->NoteChanged(fileName);
+  } else {
+    tempCopy->NoteUnchanged();
+  }
+}
+
+}  // namespace tembrel

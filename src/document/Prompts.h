@@ -1,0 +1,50 @@
+// The one door through which the program asks a person something: message boxes, file dialogs, progress. The
+// window answers with Qt, tests with a script, a program without a display with refusals.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "document/FileFilter.h"
+
+namespace tembrel {
+
+enum class Answer { Yes, No, Cancel };
+
+struct SaveChoice {
+  std::filesystem::path path;
+  int filter = 1;  // the chosen filter, from 1
+};
+
+// Progress of one long task. It becomes visible when the task takes longer than half a second, and goes away
+// with the object.
+class ProgressDisplay {
+ public:
+  virtual ~ProgressDisplay() = default;
+  // `done` of `total`, in any unit. False when the user has cancelled.
+  virtual bool Report(std::uint64_t done, std::uint64_t total) = 0;
+};
+
+// Texts and names are bytes in the file system's encoding (UTF-8).
+class Prompts {
+ public:
+  virtual ~Prompts() = default;
+  // An error with an OK button, titled "Tembrel".
+  virtual void Error(const std::string& text) = 0;
+  // Yes or No with a question icon, titled "Tembrel"; closing the box is No.
+  virtual bool AskYesNo(const std::string& text) = 0;
+  // Yes, No or Cancel with a question icon; closing the box is Cancel.
+  virtual Answer AskYesNoCancel(const std::string& text, const std::string& title) = 0;
+  // The chosen existing file, or nothing when cancelled.
+  virtual std::optional<std::filesystem::path> AskOpenPath(const std::vector<FileFilter>& filters) = 0;
+  // The name as typed or chosen, starting from `start`; nothing when cancelled. Never asks about overwriting.
+  virtual std::optional<SaveChoice> AskSavePath(const std::vector<FileFilter>& filters,
+                                                const std::filesystem::path& start) = 0;
+  virtual std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) = 0;
+};
+
+}  // namespace tembrel

@@ -1,0 +1,96 @@
+#include "document/Saving.h"
+
+#include <memory>
+#include <string>
+#include <system_error>
+
+#include "audio/WaveWriter.h"
+#include "document/FileKind.h"
+#include "document/StringTable.h"
+
+namespace tembrel {
+
+namespace {
+
+constexpr std::size_t kLongestPromptTitle = 19;
+
+WriteResult WriteWithProgress(const AudioClip& clip, const std::filesystem::path& path, Prompts& prompts) {
+  const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress("Saving " + path.filename().string());
+  const WaveFormat& format = clip.format;
+  return SaveWaveFile(clip.Bytes(), format.nSamplesPerSec, format.wBitsPerSample, format.nChannels, path,
+                      [&display](std::uint64_t done, std::uint64_t total) {
+                        return !display || display->Report(done, total);
+                      });
+}
+
+bool SaveTo(const std::filesystem::path& path, Document& document, Prompts& prompts) {
+  const AudioClip* clip = document.Clip();
+  if (clip == nullptr) {
+    prompts.Error("There is no sound to save.");
+    return false;
+  }
+  const FileKind kind = FileKindOf(path);
+  if (kind == FileKind::Unknown) {
+    prompts.Error(path.string() +
+                  " was not saved: its name has no ending that tells a sound format. Use Save As.");
+    return false;
+  }
+  if (kind != FileKind::Wave) {
+    prompts.Error(path.string() + " was not saved: this version does not write " +
+                  std::string(FileKindName(kind)) + " files yet.");
+    return false;
+  }
+  const WriteResult result = WriteWithProgress(*clip, path, prompts);
+  if (!result.ok && !result.cancelled) {
+    prompts.Error(path.string() + " could not be saved: " + result.reason + ".");
+  }
+  if (result.ok) {
+    document.SetChanged(false);
+  }
+  return result.ok;
+}
+
+}  // namespace
+
+bool SaveDocument(Document& document, Prompts& prompts) {
+  if (document.Clip() != nullptr && document.FileName().empty()) {
+    prompts.Error("This document has no name yet. Use Save As.");
+    return false;
+  }
+  return SaveTo(document.FileName(), document, prompts);
+}
+
+std::optional<std::filesystem::path> SaveDocumentAs(Document& document, Prompts& prompts) {
+  const std::optional<SaveChoice> choice =
+      prompts.AskSavePath(ParseFileFilters(StringResource(kStringSaveFilter)), document.FileName());
+  if (!choice) {
+    return std::nullopt;
+  }
+  const std::filesystem::path path = SaveAsPath(choice->path, choice->filter);
+  std::error_code error;
+  if (std::filesystem::exists(path, error) && !prompts.AskYesNo(path.string() + " exists. Overwrite?")) {
+    return std::nullopt;
+  }
+  if (!SaveTo(path, document, prompts)) {
+    return std::nullopt;
+  }
+  return path;
+}
+
+bool CanClose(const Document& document, Prompts& prompts, const std::function<bool()>& saveActiveDocument) {
+  if (!document.Changed()) {
+    return true;
+  }
+  const std::string title(StringResource(kStringLeavingTitle).substr(0, kLongestPromptTitle));
+  switch (prompts.AskYesNoCancel(document.FileName() + " has been changed.  Do you wish to save?", title)) {
+    case Answer::Yes:
+      return saveActiveDocument();
+    case Answer::No:
+      return true;
+    case Answer::Cancel:
+      break;
+  }
+  return false;
+}
+
+}  // namespace tembrel

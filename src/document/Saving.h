@@ -1,0 +1,26 @@
+// Saving documents and asking before one closes.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+#include "document/Document.h"
+#include "document/Prompts.h"
+
+namespace tembrel {
+
+// Saves the document under its own name, by its extension. On success the document is unchanged from then on.
+// Whatever stands in the way is said in a message box, and the document and the file stay as they were:
+// false.
+bool SaveDocument(Document& document, Prompts& prompts);
+
+// Asks for a name and a format and saves there. The document keeps its own name: a later Save goes to the old
+// file again. Returns the path written, or nothing when the user stepped back or it failed (which was said).
+std::optional<std::filesystem::path> SaveDocumentAs(Document& document, Prompts& prompts);
+
+// Whether the document may close: asks when it has changes. `saveActiveDocument` is the Save command, which
+// saves the document that is active at that moment; when that fails, nothing closes.
+bool CanClose(const Document& document, Prompts& prompts, const std::function<bool()>& saveActiveDocument);
+
+}  // namespace tembrel

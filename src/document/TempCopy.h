@@ -1,0 +1,48 @@
+// The WAVE copy of a document below the program folder: what playback plays, and what is left of the document
+// when the program dies. It is removed when the document closes.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "audio/AudioClip.h"
+#include "audio/ProgramPaths.h"
+#include "audio/Progress.h"
+#include "platform/FileLock.h"
+
+namespace tembrel {
+
+class TempCopy {
+ public:
+  // Takes the first free name "temp<number>.wav" from `number` upward and locks it, so that another running
+  // program leaves it alone. Nothing when the folder takes no file.
+  static std::optional<TempCopy> Create(const ProgramPaths& paths, long long number);
+
+  TempCopy(TempCopy&& other) noexcept;
+  TempCopy& operator=(TempCopy&& other) noexcept;
+  ~TempCopy();
+
+  const std::filesystem::path& Path() const { return path; }
+
+  enum class Result { Written, Failed, Cancelled };
+  // Makes the file the WAVE form of the clip.
+  Result Write(const AudioClip& clip, const Progress& progress = {});
+
+  // Leaves a note beside the copy that the document `name` has unsaved changes; without a note a copy found
+  // at start-up holds nothing that is not in its file.
+  void NoteChanged(const std::string& name);
+  void NoteUnchanged();
+
+ private:
+  TempCopy(std::filesystem::path wavePath, FileLock fileLock);
+  void Remove();
+
+  std::filesystem::path path;  // empty once moved from
+  std::optional<FileLock> lock;
+};
+
+// Where the note of a copy stands: "temp<number>.txt".
+std::filesystem::path NotePath(const std::filesystem::path& tempWave);
+
+}  // namespace tembrel

@@ -1,0 +1,39 @@
+#include "document/ui/tembrelMDIChild.h"
+
+#include <utility>
+
+#include <QCloseEvent>
+
+#include "document/ui/AudioWin.h"
+
+namespace tembrel {
+
+tembrelMDIChild::tembrelMDIChild(AudioWin* audioWin, std::function<bool(AudioWin&)> closeQuestion,
+                                 QWidget* parent)
+    : QMdiSubWindow(parent), window(audioWin), mayClose(std::move(closeQuestion)) {
+  setObjectName("tembrelMDIChild");
+  setAttribute(Qt::WA_DeleteOnClose);
+  setWidget(window);
+  setWindowIcon(QIcon(":/tembrel.svg"));
+}
+
+bool tembrelMDIChild::AskToClose() {
+  return mayClose(*window);
+}
+
+void tembrelMDIChild::CloseUnasked() {
+  asked = true;
+  close();
+}
+
+void tembrelMDIChild::closeEvent(QCloseEvent* event) {
+  if (!asked && !AskToClose()) {
+    event->ignore();
+    return;
+  }
+  asked = true;
+  Q_EMIT closing();
+  event->accept();
+}
+
+}  // namespace tembrel

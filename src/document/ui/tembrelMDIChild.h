@@ -1,0 +1,39 @@
+// The frame of one document window inside the main window. It asks before it closes.
+#pragma once
+
+#include <functional>
+
+#include <QMdiSubWindow>
+
+namespace tembrel {
+
+class AudioWin;
+
+class tembrelMDIChild : public QMdiSubWindow {
+  Q_OBJECT
+
+ public:
+  // Takes the window as its widget. `closeQuestion` is asked before the child closes.
+  tembrelMDIChild(AudioWin* audioWin, std::function<bool(AudioWin&)> closeQuestion,
+                  QWidget* parent = nullptr);
+
+  AudioWin* Window() { return window; }
+  // Asks whether the document may close; true once it was answered yes.
+  bool AskToClose();
+  // Closes without asking again.
+  void CloseUnasked();
+
+ Q_SIGNALS:
+  // The child is about to go.
+  void closing();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  AudioWin* window;
+  std::function<bool(AudioWin&)> mayClose;
+  bool asked = false;
+};
+
+}  // namespace tembrel

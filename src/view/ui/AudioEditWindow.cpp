@@ -1,0 +1,266 @@
+#include "view/ui/AudioEditWindow.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include "view/PixelMap.h"
+#include "view/WavePicture.h"
+
+namespace tembrel {
+
+namespace {
+
+constexpr int kWheelStep = 120;
+constexpr int kNoticeMargin = 6;
+
+std::optional<EditKey> EditKeyOf(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return EditKey::Left;
+    case Qt::Key_Right:
+      return EditKey::Right;
+    case Qt::Key_Up:
+      return EditKey::Up;
+    case Qt::Key_Down:
+      return EditKey::Down;
+    case Qt::Key_PageUp:
+      return EditKey::PageUp;
+    case Qt::Key_PageDown:
+      return EditKey::PageDown;
+    case Qt::Key_Home:
+      return EditKey::Home;
+    case Qt::Key_End:
+      return EditKey::End;
+    case Qt::Key_F11:
+      return EditKey::F11;
+    case Qt::Key_F12:
+      return EditKey::F12;
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<MouseButton> ButtonOf(Qt::MouseButton button) {
+  switch (button) {
+    case Qt::LeftButton:
+      return MouseButton::Left;
+    case Qt::RightButton:
+      return MouseButton::Right;
+    default:
+      return std::nullopt;
+  }
+}
+
+Raster RasterOf(QImage& image) {
+  auto* pixels = reinterpret_cast<Rgb*>(image.bits());
+  const auto stride = static_cast<int>(image.bytesPerLine() / static_cast<qsizetype>(sizeof(Rgb)));
+  return {{pixels, static_cast<std::size_t>(stride) * static_cast<std::size_t>(image.height())},
+          image.width(),
+          image.height(),
+          stride};
+}
+
+}  // namespace
+
+AudioEditWindow::AudioEditWindow(const Document& shownDocument, QWidget* parent)
+    : QWidget(parent), document(shownDocument), view(*this) {
+  setObjectName("AudioEditWindow");
+  setAccessibleName("Waveform");
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setCursor(Qt::IBeamCursor);
+}
+
+void AudioEditWindow::ShowSound() {
+  const AudioClip* clip = document.Clip();
+  view.SetSound(clip == nullptr ? 0 : document.FrameCount(),
+                clip == nullptr ? std::nullopt : std::optional(clip->format.nSamplesPerSec));
+}
+
+double AudioEditWindow::VisibleShare() const {
+  return static_cast<double>(view.FramesOnScreen()) / static_cast<double>(view.TotalFrames());
+}
+
+AudioEditWindow::DevicePlace AudioEditWindow::Place(const QPainter& painter) const {
+  const double scale = devicePixelRatioF();
+  const QPointF corner = painter.deviceTransform().map(QPointF(0, 0));
+  const QPointF far = painter.deviceTransform().map(QPointF(width(), height()));
+  const QPoint wholeCorner(qRound(corner.x()), qRound(corner.y()));
+  const QPoint wholeFar(qRound(far.x()), qRound(far.y()));
+  return {(QPointF(wholeCorner) - corner) / scale,
+          {wholeFar.x() - wholeCorner.x(), wholeFar.y() - wholeCorner.y(), scale}};
+}
+
+void AudioEditWindow::KeepPicture(const PaintArea& area) {
+  if (pictureValid && area == pictureArea) {
+    return;
+  }
+  if (picture.size() != QSize(area.width, area.height)) {
+    picture = QImage(area.width, area.height, QImage::Format_RGB32);
+  }
+  picture.setDevicePixelRatio(area.scale);
+  pictureArea = area;
+  pictureValid = true;
+  if (!picture.isNull()) {
+    PaintPicture(RasterOf(picture), document.Clip(), area, view.FirstVisibleFrame(), view.FramesOnScreen());
+  }
+}
+
+void AudioEditWindow::PaintCursor(QPainter& painter, const QPointF& offset) {
+  const std::int64_t x =
+      FrameToPixel(view.CursorFrame(), view.FirstVisibleFrame(), view.FramesOnScreen(), pictureArea.width);
+  const PixelRect strip = CursorStrip(pictureArea, x);
+  if (strip.Empty()) {
+    return;
+  }
+  QImage under = picture.copy(strip.x, strip.y, strip.width, strip.height);
+  LayCursor(RasterOf(under), {0, 0, strip.width, strip.height});
+  painter.drawImage(offset + QPointF(strip.x, strip.y) / pictureArea.scale, under);
+}
+
+void AudioEditWindow::PaintNotice(QPainter& painter) {
+  if (document.Notice().empty()) {
+    return;
+  }
+  const QFontMetrics metrics(painter.font());
+  const int room = width() - 4 * kNoticeMargin;
+  const QString text =
+      metrics.elidedText(QString::fromStdString(document.Notice()), Qt::ElideMiddle, std::max(0, room));
+  const QRect box(kNoticeMargin, kNoticeMargin, metrics.horizontalAdvance(text) + 2 * kNoticeMargin,
+                  metrics.height() + kNoticeMargin);
+  painter.fillRect(box, QColor::fromRgb(kPaperColor));
+  painter.setPen(QColor::fromRgb(kTimeColor));
+  painter.drawRect(box);
+  painter.drawText(box, Qt::AlignCenter, text);
+}
+
+void AudioEditWindow::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const DevicePlace place = Place(painter);
+  KeepPicture(place.area);
+  painter.drawImage(place.offset, picture);
+  if (view.CursorShown()) {
+    PaintCursor(painter, place.offset);
+  }
+  PaintNotice(painter);
+}
+
+void AudioEditWindow::resizeEvent(QResizeEvent* /*event*/) {
+  pictureValid = false;
+  view.SetClientSize(width(), height());
+}
+
+bool AudioEditWindow::event(QEvent* event) {
+  if (event->type() == QEvent::UngrabMouse) {
+    view.CancelDrag();
+  }
+  return QWidget::event(event);
+}
+
+// Wheel: a quarter screen; with Shift a screen; with Control the zoom, with both the vertical zoom.
+void AudioEditWindow::wheelEvent(QWheelEvent* event) {
+  const QPoint delta = event->angleDelta();
+  wheelRest += delta.y() != 0 ? delta.y() : delta.x();
+  const int steps = wheelRest / kWheelStep;
+  wheelRest %= kWheelStep;
+  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+  const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
+  for (int i = 0; i < std::abs(steps); ++i) {
+    const bool up = steps > 0;
+    if (control && shift) {
+      up ? view.VerticalZoomIn() : view.VerticalZoomOut();
+    } else if (control) {
+      up ? view.ZoomIn() : view.ZoomOut();
+    } else if (shift) {
+      view.HorizontalScroll(up ? ScrollCode::PageLeft : ScrollCode::PageRight);
+    } else {
+      view.HorizontalScroll(up ? ScrollCode::LineLeft : ScrollCode::LineRight);
+    }
+  }
+  event->accept();
+}
+
+void AudioEditWindow::mousePressEvent(QMouseEvent* event) {
+  const std::optional<MouseButton> button = ButtonOf(event->button());
+  if (button) {
+    setFocus(Qt::MouseFocusReason);
+    view.Press(*button, event->position().x());
+  }
+}
+
+void AudioEditWindow::mouseReleaseEvent(QMouseEvent* event) {
+  if (const std::optional<MouseButton> button = ButtonOf(event->button())) {
+    view.Release(*button, event->position().x());
+  }
+}
+
+void AudioEditWindow::mouseDoubleClickEvent(QMouseEvent* /*event*/) {}
+
+void AudioEditWindow::keyPressEvent(QKeyEvent* event) {
+  const std::optional<EditKey> key = EditKeyOf(event->key());
+  const bool handled = key && view.KeyPress(*key, event->modifiers().testFlag(Qt::ShiftModifier),
+                                            event->modifiers().testFlag(Qt::ControlModifier));
+  if (!handled) {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void AudioEditWindow::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  Q_EMIT focused();
+}
+
+void AudioEditWindow::Repaint() {
+  pictureValid = false;
+  update();
+  Q_EMIT scrolled();
+}
+
+void AudioEditWindow::UpdateCursorStrip(std::int64_t frame) {
+  const PaintArea area{width(), height(), 1.0};
+  const std::int64_t x = FrameToPixel(frame, view.FirstVisibleFrame(), view.FramesOnScreen(), width());
+  const PixelRect strip = CursorStrip(area, x);
+  if (!strip.Empty()) {
+    // One pixel more on each side covers the rounding of fractional scale factors.
+    update(strip.x - 1, strip.y, strip.width + 2, strip.height);
+  }
+}
+
+void AudioEditWindow::CursorChanged(std::int64_t oldFrame, std::int64_t newFrame) {
+  UpdateCursorStrip(oldFrame);
+  UpdateCursorStrip(newFrame);
+}
+
+void AudioEditWindow::ScrollBarChanged(int percent) {
+  Q_EMIT scrollBarChanged(percent);
+}
+
+void AudioEditWindow::VerticalScrollChanged(int topRow, int visibleRows, bool enabled) {
+  Q_EMIT verticalScrollChanged(topRow, visibleRows, enabled);
+}
+
+// The image moves at once; the next full repaint shows the whole height again.
+void AudioEditWindow::VerticalImageScroll(int pixels) {
+  scroll(0, pixels);
+}
+
+void AudioEditWindow::CounterChanged(std::int64_t frame, std::optional<std::uint32_t> rate) {
+  Q_EMIT counterChanged(frame, rate ? static_cast<qint64>(*rate) : -1);
+}
+
+void AudioEditWindow::CursorNotification(std::int64_t frame) {
+  Q_EMIT cursorNotified(frame);
+}
+
+void AudioEditWindow::ToolPressed(int /*index*/) {}
+
+void AudioEditWindow::Relayout() {
+  Q_EMIT relayoutWanted();
+}
+
+}  // namespace tembrel

@@ -1,0 +1,63 @@
+#include "view/ui/TMyScrollBar.h"
+
+#include <algorithm>
+
+#include <QSignalBlocker>
+
+namespace tembrel {
+
+namespace {
+
+constexpr int kEnd = 100;
+constexpr int kLongestPage = 100000;
+
+}  // namespace
+
+TMyScrollBar::TMyScrollBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent) {
+  setObjectName("TMyScrollBar");
+  setRange(0, kEnd);
+  setTracking(false);
+  setFocusPolicy(Qt::NoFocus);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  connect(this, &QScrollBar::actionTriggered, this, &TMyScrollBar::Act);
+  connect(this, &QScrollBar::sliderReleased, this, [this] { Q_EMIT scrollRequested(4, sliderPosition()); });
+}
+
+void TMyScrollBar::ShowPosition(int percent, double visibleShare) {
+  const QSignalBlocker blocker(this);
+  const double page = visibleShare >= 1.0 ? kLongestPage : kEnd * visibleShare / (1.0 - visibleShare);
+  setPageStep(static_cast<int>(std::clamp(page, 1.0, static_cast<double>(kLongestPage))));
+  if (!isSliderDown()) {
+    setValue(percent);
+  }
+}
+
+void TMyScrollBar::Act(int action) {
+  switch (action) {
+    case SliderSingleStepSub:
+      Q_EMIT scrollRequested(0, value());
+      break;
+    case SliderSingleStepAdd:
+      Q_EMIT scrollRequested(1, value());
+      break;
+    case SliderPageStepSub:
+      Q_EMIT scrollRequested(2, value());
+      break;
+    case SliderPageStepAdd:
+      Q_EMIT scrollRequested(3, value());
+      break;
+    case SliderToMinimum:
+      Q_EMIT scrollRequested(6, 0);
+      break;
+    case SliderToMaximum:
+      Q_EMIT scrollRequested(7, kEnd);
+      break;
+    case SliderMove:
+      Q_EMIT scrollRequested(isSliderDown() ? 5 : 4, sliderPosition());
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace tembrel

@@ -1,0 +1,179 @@
+#include "document/Saving.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <system_error>
+
+#include "tests/document/DocumentFixture.h"
+#include "tests/support/ScriptedPrompts.h"
+
+namespace tembrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class Saving : public test::DocumentTest {
+ protected:
+  // A changed document whose file has been spoiled since it was opened, so that a save shows.
+  void Open(const std::string& name) {
+    file = MakeWave(name);
+    original = Content(file);
+    document.LoadFile(file, file, {});
+    document.SetChanged(true);
+    MakeFile(file, "spoiled");
+  }
+
+  Document document{paths, 1};
+  test::ScriptedPrompts prompts;
+  std::filesystem::path file;
+  std::string original;
+};
+
+TEST_F(Saving, WritesTheSoundBackAndClearsTheChangedFlag) {
+  Open("song.wav");
+  EXPECT_TRUE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(file), original);
+  EXPECT_FALSE(document.Changed());
+  EXPECT_THAT(prompts.errors, IsEmpty());
+}
+
+TEST_F(Saving, ToAFolderThatIsGoneNamesFileAndReasonAndStaysChanged) {
+  std::filesystem::create_directory(scratch.Path() / "gone");
+  Open("gone/song.wav");
+  std::filesystem::remove_all(scratch.Path() / "gone");
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_TRUE(document.Changed());
+  ASSERT_EQ(prompts.errors.size(), 1U);
+  EXPECT_THAT(prompts.errors[0], HasSubstr(file.string()));
+  EXPECT_THAT(prompts.errors[0],
+              HasSubstr(std::make_error_code(std::errc::no_such_file_or_directory).message()));
+}
+
+TEST_F(Saving, CancelledLeavesTheOldFileAndSaysNothing) {
+  Open("song.wav");
+  prompts.onProgress = [](std::uint64_t, std::uint64_t) { return false; };
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(file), "spoiled");
+  EXPECT_TRUE(document.Changed());
+  EXPECT_THAT(prompts.errors, IsEmpty());
+}
+
+TEST_F(Saving, UnderANameWithoutADotIsRefusedAndStaysChanged) {
+  const auto wave = MakeWave("song.wav");
+  document.LoadFile(wave, scratch.Path() / "song", {});
+  document.SetChanged(true);
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_TRUE(document.Changed());
+  EXPECT_FALSE(std::filesystem::exists(scratch.Path() / "song"));
+  EXPECT_EQ(prompts.errors.size(), 1U);
+}
+
+TEST_F(Saving, OfAnEmptyDocumentNeverTouchesTheFile) {
+  const auto path = scratch.Path() / "broken.wav";
+  MakeFile(path, "not sound, but somebody's");
+  document.LoadFile(path, path, {});
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(path), "not sound, but somebody's");
+  EXPECT_THAT(prompts.errors, ElementsAre("There is no sound to save."));
+}
+
+TEST_F(Saving, AsWritesTheChosenNameWithTheFiltersExtension) {
+  Open("song.wav");
+  prompts.saveChoice = SaveChoice{scratch.Path() / "copy.x", 1};
+  EXPECT_EQ(SaveDocumentAs(document, prompts), scratch.Path() / "copy.wav");
+  EXPECT_EQ(Content(scratch.Path() / "copy.wav"), original);
+  EXPECT_FALSE(document.Changed());
+  EXPECT_EQ(prompts.startShown, file);
+  EXPECT_EQ(prompts.filtersShown.size(), 5U);
+}
+
+TEST_F(Saving, AsKeepsTheDocumentsOldNameSoThatSaveGoesThere) {
+  Open("song.wav");
+  prompts.saveChoice = SaveChoice{scratch.Path() / "copy", 1};
+  SaveDocumentAs(document, prompts);
+  EXPECT_EQ(document.FileName(), file);
+  EXPECT_EQ(Content(file), "spoiled");
+  SaveDocument(document, prompts);
+  EXPECT_EQ(Content(file), original);
+}
+
+TEST_F(Saving, AsAsksBeforeItOverwrites) {
+  Open("song.wav");
+  const auto other = scratch.Path() / "other.wav";
+  MakeFile(other, "precious");
+  prompts.saveChoice = SaveChoice{scratch.Path() / "other.mp3", 1};
+  prompts.answers = {Answer::No};
+  EXPECT_EQ(SaveDocumentAs(document, prompts), std::nullopt);
+  EXPECT_EQ(Content(other), "precious");
+  EXPECT_TRUE(document.Changed());
+  prompts.answers = {Answer::Yes};
+  EXPECT_EQ(SaveDocumentAs(document, prompts), other);
+  EXPECT_EQ(Content(other), original);
+  EXPECT_EQ(prompts.questions[0], other.string() + " exists. Overwrite?");
+}
+
+TEST_F(Saving, AsCancelledDoesNothing) {
+  Open("song.wav");
+  EXPECT_EQ(SaveDocumentAs(document, prompts), std::nullopt);
+  EXPECT_TRUE(document.Changed());
+}
+
+TEST_F(Saving, InAForeignFormatSaysThatItCannotYet) {
+  Open("song.wav");
+  prompts.saveChoice = SaveChoice{scratch.Path() / "x.wav", 2};
+  EXPECT_EQ(SaveDocumentAs(document, prompts), std::nullopt);
+  EXPECT_FALSE(std::filesystem::exists(scratch.Path() / "x.mp3"));
+  EXPECT_TRUE(document.Changed());
+  ASSERT_EQ(prompts.errors.size(), 1U);
+  EXPECT_THAT(prompts.errors[0], HasSubstr("x.mp3"));
+}
+
+class Closing : public Saving {
+ protected:
+  bool Close(bool saveWorks = true) {
+    return CanClose(document, prompts, [this, saveWorks] {
+      ++saves;
+      return saveWorks;
+    });
+  }
+  int saves = 0;
+};
+
+TEST_F(Closing, AnUnchangedDocumentAsksNothing) {
+  EXPECT_TRUE(Close());
+  EXPECT_THAT(prompts.questions, IsEmpty());
+}
+
+TEST_F(Closing, AsksWithTwoBlanksAndTheTitle) {
+  Open("song.wav");
+  prompts.answers = {Answer::No};
+  EXPECT_TRUE(Close());
+  EXPECT_THAT(prompts.questions, ElementsAre(file.string() + " has been changed.  Do you wish to save?"));
+  EXPECT_THAT(prompts.titles, ElementsAre("Leaving Corvane"));
+  EXPECT_EQ(saves, 0);
+}
+
+TEST_F(Closing, YesRunsTheSaveCommand) {
+  Open("song.wav");
+  prompts.answers = {Answer::Yes};
+  EXPECT_TRUE(Close());
+  EXPECT_EQ(saves, 1);
+}
+
+TEST_F(Closing, AFailedSaveKeepsItOpen) {
+  Open("song.wav");
+  prompts.answers = {Answer::Yes};
+  EXPECT_FALSE(Close(false));
+}
+
+TEST_F(Closing, CancelKeepsItOpenAndChanged) {
+  Open("song.wav");
+  prompts.answers = {Answer::Cancel};
+  EXPECT_FALSE(Close());
+  EXPECT_TRUE(document.Changed());
+}
+
+}  // namespace
+}  // namespace tembrel

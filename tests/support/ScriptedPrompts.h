@@ -1,0 +1,76 @@
+// Prompts that answer from a script and remember what was asked.
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "document/Prompts.h"
+
+namespace tembrel::test {
+
+class ScriptedPrompts : public Prompts {
+ public:
+  std::vector<std::string> errors;
+  std::vector<std::string> questions;
+  std::vector<std::string> titles;
+  std::vector<FileFilter> filtersShown;
+  std::filesystem::path startShown;
+  std::deque<Answer> answers;  // an unexpected question is answered No (Cancel where there is one)
+  std::optional<std::filesystem::path> openPath;
+  std::optional<SaveChoice> saveChoice;
+  // What a running task's report gives; default: go on.
+  std::function<bool(std::uint64_t, std::uint64_t)> onProgress = [](std::uint64_t, std::uint64_t) {
+    return true;
+  };
+
+  void Error(const std::string& text) override { errors.push_back(text); }
+  bool AskYesNo(const std::string& text) override {
+    questions.push_back(text);
+    return Next(Answer::No) == Answer::Yes;
+  }
+  Answer AskYesNoCancel(const std::string& text, const std::string& title) override {
+    questions.push_back(text);
+    titles.push_back(title);
+    return Next(Answer::Cancel);
+  }
+  std::optional<std::filesystem::path> AskOpenPath(const std::vector<FileFilter>& filters) override {
+    filtersShown = filters;
+    return openPath;
+  }
+  std::optional<SaveChoice> AskSavePath(const std::vector<FileFilter>& filters,
+                                        const std::filesystem::path& start) override {
+    filtersShown = filters;
+    startShown = start;
+    return saveChoice;
+  }
+  std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& /*text*/) override {
+    return std::make_unique<Display>(onProgress);
+  }
+
+ private:
+  class Display : public ProgressDisplay {
+   public:
+    explicit Display(std::function<bool(std::uint64_t, std::uint64_t)> answer)
+        : onReport(std::move(answer)) {}
+    bool Report(std::uint64_t done, std::uint64_t total) override { return onReport(done, total); }
+
+   private:
+    std::function<bool(std::uint64_t, std::uint64_t)> onReport;
+  };
+
+  Answer Next(Answer otherwise) {
+    if (answers.empty()) {
+      return otherwise;
+    }
+    const Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+}  // namespace tembrel::test
