@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Builds everything once and runs all checks: ./test.sh [CTEST OPTIONS], for example ./test.sh --label-regex lint
+set -euo pipefail
+
+top=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+cd "$top"
+jobs=$(nproc)
+
+scripts/dependencies.sh test
+cmake --preset release
+cmake --build build/release --parallel "$jobs"
+exec ctest --test-dir build/release --parallel "$jobs" --output-on-failure "$@"

@@ -1,0 +1,98 @@
+"""clang-tidy has nothing to say about the sources. check_tidy.py ROOT BUILD
+
+What it said to nothing is remembered in BUILD/lint/tidy until the source, a header it includes, its compile command,
+.clang-tidy or clang-tidy itself changes.
+"""
+
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import shlex
+import subprocess
+import sys
+
+import project_files
+
+# Fuzz targets are built on demand, with another compiler.
+NOT_BUILT = {"fuzz"}
+
+
+def commands_of(root, build):
+    """The project's entries in the compile database, one a source: the plain one where a sanitized twin is built."""
+    chosen = {}
+    for entry in json.loads((build / "compile_commands.json").read_text()):
+        source = pathlib.Path(entry["file"])
+        if root not in source.parents or build in source.parents:
+            continue
+        if source not in chosen or "-fsanitize" in chosen[source]["command"]:
+            chosen[source] = entry
+    return chosen
+
+
+def included_files(build):
+    """What every object file was made from, as the last build saw it: {object: [paths]}."""
+    run = subprocess.run(["ninja", "-C", str(build), "-t", "deps"], capture_output=True, text=True, check=False)
+    found, current = {}, []
+    for line in run.stdout.splitlines():
+        if line.startswith("    "):
+            current.append(build / line.strip())
+        elif line:
+            current = found.setdefault(line.partition(":")[0], [])
+    return found
+
+
+def object_of(command):
+    words = shlex.split(command)
+    return words[words.index("-o") + 1]
+
+
+class Tidy:
+    def __init__(self, root, build):
+        self.root = root
+        self.folder = build / "lint" / "tidy"
+        self.folder.mkdir(parents=True, exist_ok=True)
+        self.commands = commands_of(root, build)
+        self.included = included_files(build)
+        (self.folder / "compile_commands.json").write_text(json.dumps(list(self.commands.values())))
+        version = subprocess.run(["clang-tidy", "--version"], check=True, capture_output=True).stdout
+        self.common = version + (root / ".clang-tidy").read_bytes()
+
+    def key(self, entry):
+        """Names one result; None when it is not known what the source includes."""
+        paths = self.included.get(object_of(entry["command"]))
+        if not paths:
+            return None
+        own = [path for path in paths if self.root in path.parents and path.is_file()]
+        digest = hashlib.sha256(self.common + entry["command"].encode())
+        for path in [pathlib.Path(entry["file"]), *sorted(own)]:
+            digest.update(str(path).encode() + b"\0" + path.read_bytes())
+        return digest.hexdigest()
+
+    def problem(self, source):
+        """clang-tidy's words about the source, "" for none."""
+        entry = self.commands[source]
+        key = self.key(entry)
+        remembered = self.folder / f"{key}.clean"
+        if key and remembered.exists():
+            return ""
+        run = subprocess.run(["clang-tidy", "--quiet", "-p", str(self.folder), str(source)],
+                             capture_output=True, text=True, check=False)
+        if run.returncode != 0:
+            return run.stdout + run.stderr
+        if key:
+            remembered.touch()
+        return ""
+
+    def problems(self):
+        sources = [self.root / path for path in project_files.list_files(self.root, ".cpp")
+                   if path.parts[0] not in NOT_BUILT]
+        found = [f"{source}: not part of the build" for source in sources if source not in self.commands]
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+            said = pool.map(self.problem, [source for source in sources if source in self.commands])
+            return found + [words for words in said if words]
+
+
+if __name__ == "__main__":
+    project_files.report(Tidy(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()).problems())
