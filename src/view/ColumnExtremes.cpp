@@ -1,6 +1,7 @@
 #include "view/ColumnExtremes.h"
 
 #include <array>
+#include <atomic>
 #include <bit>
 #include <cstring>
 #include <limits>
@@ -16,6 +17,7 @@ static_assert(std::endian::native == std::endian::little, "samples are read as t
 // Starting a thread costs about what looking at this many samples does.
 constexpr std::int64_t kSamplesWorthAThread = 1 << 18;
 constexpr unsigned kMostThreads = 16;
+constexpr std::int64_t kSharesAThread = 16;
 
 template <typename Sample>
 Sample Load(const std::byte* at) {
@@ -70,15 +72,30 @@ Running<Sample, kChannels> PackedExtremes(const std::byte* at, std::int64_t coun
   return result;
 }
 
-// `count` frames `distance` bytes apart; the second channel lies `apart` bytes after the first.
-template <typename Sample, int kChannels>
-Running<Sample, kChannels> SpreadExtremes(const std::byte* at, std::int64_t count, std::int64_t distance,
-                                          std::int64_t apart) {
+// Where the frames to look at lie in memory.
+struct Spread {
+  std::int64_t distance;  // bytes from frame to frame
+  std::int64_t apart;     // bytes from the first channel to the second
+  const std::byte* end;   // of the sound
+};
+
+// With every frame in a cache line of its own, and one line in five skipped, the processor does not foresee
+// the next line. It is asked for this many frames ahead, which halves the time of a long view.
+constexpr std::int64_t kFramesAhead = 64;
+constexpr std::int64_t kCacheLine = 64;
+
+// `count` frames that do not lie side by side, or of samples wider than Sample.
+template <typename Sample, int kChannels, bool kAskAhead>
+Running<Sample, kChannels> SpreadExtremes(const std::byte* at, std::int64_t count, const Spread& spread) {
   Running<Sample, kChannels> result;
+  const std::int64_t ahead = kFramesAhead * spread.distance;
   for (std::int64_t i = 0; i < count; ++i) {
-    const std::byte* frame = at + i * distance;
+    const std::byte* frame = at + i * spread.distance;
+    if constexpr (kAskAhead) {
+      __builtin_prefetch(frame + std::min<std::int64_t>(ahead, spread.end - frame));
+    }
     for (int channel = 0; channel < kChannels; ++channel) {
-      const auto sample = Load<Sample>(frame + channel * apart);
+      const auto sample = Load<Sample>(frame + channel * spread.apart);
       result.Take(channel, sample, sample);
     }
   }
@@ -88,8 +105,17 @@ Running<Sample, kChannels> SpreadExtremes(const std::byte* at, std::int64_t coun
 using Columns = std::vector<std::vector<Extremes>>;
 
 template <typename Sample, int kChannels>
+Running<Sample, kChannels> ExtremesOf(const WaveSpan& span, const std::byte* at, std::int64_t count) {
+  if (span.step == 1 && span.stride == static_cast<std::int64_t>(sizeof(Sample)) * kChannels) {
+    return PackedExtremes<Sample, kChannels>(at, count);
+  }
+  const Spread spread{span.step * span.stride, span.sampleBytes, span.bytes.data() + span.bytes.size()};
+  return spread.distance < kCacheLine ? SpreadExtremes<Sample, kChannels, false>(at, count, spread)
+                                      : SpreadExtremes<Sample, kChannels, true>(at, count, spread);
+}
+
+template <typename Sample, int kChannels>
 void LookAt(const WaveSpan& span, std::int64_t fromColumn, std::int64_t toColumn, Columns& columns) {
-  const bool packed = span.step == 1 && span.stride == static_cast<std::int64_t>(sizeof(Sample)) * kChannels;
   const std::byte* samples = span.bytes.data() + span.sampleBytes - static_cast<std::int64_t>(sizeof(Sample));
   const auto examinedBefore = [&](std::int64_t frame) { return (frame + span.step - 1) / span.step; };
   std::int64_t from = examinedBefore(span.FirstFrameOf(fromColumn));
@@ -97,9 +123,7 @@ void LookAt(const WaveSpan& span, std::int64_t fromColumn, std::int64_t toColumn
     const std::int64_t to = examinedBefore(span.FirstFrameOf(column + 1));
     if (from < to) {
       const std::byte* at = samples + from * span.step * span.stride;
-      const auto found = packed ? PackedExtremes<Sample, kChannels>(at, to - from)
-                                : SpreadExtremes<Sample, kChannels>(at, to - from, span.step * span.stride,
-                                                                    span.sampleBytes);
+      const auto found = ExtremesOf<Sample, kChannels>(span, at, to - from);
       for (std::size_t channel = 0; channel < kChannels; ++channel) {
         columns[channel][static_cast<std::size_t>(column)] = {found.low[channel], found.high[channel]};
       }
@@ -132,18 +156,24 @@ std::vector<std::vector<Extremes>> ColumnExtremes(const WaveSpan& span) {
                   std::vector<Extremes>(static_cast<std::size_t>(count)));
   const Look look = LookFor(span);
   const std::int64_t threads = ThreadsFor(span);
-  std::vector<std::jthread> helpers;
-  for (std::int64_t i = 1; i < threads; ++i) {
-    const std::int64_t from = count * i / threads;
-    const std::int64_t to = count * (i + 1) / threads;
-    try {
-      helpers.emplace_back([&span, &columns, look, from, to] { look(span, from, to, columns); });
-    } catch (const std::system_error&) {
-      // No more threads to be had: this one does the share.
-      look(span, from, to, columns);
+  // Small shares, taken as they come: a thread that the system holds up does not hold up the picture.
+  const std::int64_t share = std::max<std::int64_t>(count / (threads * kSharesAThread), 1);
+  std::atomic<std::int64_t> nextColumn = 0;
+  const auto work = [&span, &columns, &nextColumn, look, share, count] {
+    for (std::int64_t from = nextColumn.fetch_add(share); from < count; from = nextColumn.fetch_add(share)) {
+      look(span, from, std::min(from + share, count), columns);
     }
+  };
+  std::vector<std::jthread> helpers;
+  try {
+    for (std::int64_t i = 1; i < threads; ++i) {
+      helpers.emplace_back(work);
+    }
+  } catch (const std::system_error&) {
+    // No more threads to be had: those that run, and this one, do all shares.
   }
-  look(span, 0, count / threads, columns);
+  work();
+  helpers.clear();
   return columns;
 }
 
