@@ -13,17 +13,18 @@ constexpr int kFarthest = 1 << 29;
 struct Pattern {
   std::int64_t on = 1;
   std::int64_t off = 0;
+  std::int64_t start = 0;  // pixels of the pattern that are over when a line begins; less than `on`
 
-  bool Draws(std::int64_t index) const { return index % (on + off) < on; }
+  bool Draws(std::int64_t index) const { return (index + start) % (on + off) < on; }
 };
 
 Pattern PatternOf(const Pen& pen) {
   const std::int64_t scale = std::max(pen.patternScale, 1);
   switch (pen.style) {
     case PenStyle::Dash:
-      return {18 * scale, 6 * scale};
+      return {18 * scale, 6 * scale, std::clamp(pen.patternStart, 0, 17) * scale};
     case PenStyle::Dot:
-      return {3 * scale, 3 * scale};
+      return {3 * scale, 3 * scale, 0};
     case PenStyle::Solid:
       break;
   }
@@ -86,7 +87,9 @@ void DrawStraight(const Raster& raster, bool horizontal, const Axis& major, std:
   const Pattern pattern = PatternOf(pen);
   const std::int64_t period = pattern.off == 0 ? major.length + 1 : pattern.on + pattern.off;
   const std::int64_t on = pattern.off == 0 ? period : pattern.on;
-  for (std::int64_t start = steps.first / period * period; start <= steps.last; start += period) {
+  const std::int64_t phase = pattern.start;
+  for (std::int64_t start = (steps.first + phase) / period * period - phase; start <= steps.last;
+       start += period) {
     const std::int64_t first = std::max(start, steps.first);
     const std::int64_t last = std::min(start + on - 1, steps.last);
     if (first <= last) {

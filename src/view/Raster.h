@@ -37,13 +37,14 @@ enum class PenStyle {
   Dot    // 3 on, 3 off
 };
 
-// Gaps leave what is below. The pattern starts anew with each line and is counted along the line's longer
-// side.
+// Gaps leave what is below. The pattern starts anew with each line, after its first `patternStart` pixels,
+// and is counted along the line's longer side.
 struct Pen {
   Rgb color = 0xFF000000;
   int thickness = 1;  // pixels, across the line's longer side
   PenStyle style = PenStyle::Solid;
   int patternScale = 1;  // pixels one pixel of the pattern stands for
+  int patternStart = 0;  // 0..17, for dashes
 
   bool operator==(const Pen&) const = default;
 };

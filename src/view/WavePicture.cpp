@@ -1,6 +1,7 @@
 #include "view/WavePicture.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "view/GridLines.h"
@@ -8,6 +9,17 @@
 #include "view/WaveLines.h"
 
 namespace tembrel {
+
+namespace {
+
+// Neighbouring columns of a dense waveform begin their dashes at different points, so that the gaps make an
+// even weave and no holes that follow the outline. Every column begins with a dash: its top is always seen.
+int DashStartOfColumn(int x) {
+  constexpr std::array kStarts{0, 12, 6};
+  return kStarts.at(static_cast<std::size_t>(std::max(x, 0)) % kStarts.size());
+}
+
+}  // namespace
 
 Pen PenOf(Layer layer, const PaintArea& area, bool denseWave) {
   const int thickness = std::max(1, static_cast<int>(std::floor(area.Scale())));
@@ -42,8 +54,10 @@ void PaintPicture(const Raster& raster, const AudioClip* clip, const PaintArea& 
     }
   }
   if (clip != nullptr) {
-    const Pen pen = PenOf(Layer::Wave, area, WaveIsDense(*clip, area, first, framesOnScreen));
+    const bool dense = WaveIsDense(*clip, area, first, framesOnScreen);
+    Pen pen = PenOf(Layer::Wave, area, dense);
     for (const Line& line : WaveLines(*clip, area, first, framesOnScreen)) {
+      pen.patternStart = dense ? DashStartOfColumn(line.x1) : 0;
       DrawLine(part, line, pen);
     }
   }

@@ -105,6 +105,14 @@ TEST(Raster, DotIsThreeOnAndThreeOff) {
   EXPECT_EQ(canvas.Text(), "#\n#\n#\n.\n.\n.\n#\n#\n#\n.\n.\n");
 }
 
+TEST(Raster, DashesMayBeginInTheMiddleOfADash) {
+  Canvas canvas(40, 1);
+  Pen pen{kInk, 1, PenStyle::Dash};
+  pen.patternStart = 12;
+  DrawLine(canvas.AsRaster(), {0, 0, 39, 0}, pen);
+  EXPECT_EQ(canvas.Text(), "######......##################......####\n");
+}
+
 TEST(Raster, ClippingKeepsTheDashesWhereTheyAre) {
   Canvas canvas(30, 1);
   DrawLine(canvas.AsRaster(), {-10, 0, 100, 0}, {kInk, 1, PenStyle::Dash});
