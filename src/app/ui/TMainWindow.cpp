@@ -45,10 +45,11 @@ std::vector<QUrl> DroppedFiles(const QMimeData* data) {
 
 }  // namespace
 
-TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store)
+TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts* questions)
     : prompts(this),
       paths(std::move(programPaths)),
-      client(new tembrelMDIClient(paths, std::move(store), prompts, this)),
+      client(
+          new tembrelMDIClient(paths, std::move(store), questions == nullptr ? prompts : *questions, this)),
       gadgets(new StatusGadgets(statusBar())) {
   setObjectName("TMainWindow");
   setWindowTitle("Tembrel");

@@ -22,7 +22,8 @@ class TMainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  TMainWindow(ProgramPaths programPaths, SettingStore store);
+  // Asks through `questions`, which outlives the window; without them with boxes of its own.
+  TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts* questions = nullptr);
   ~TMainWindow() override;
 
   tembrelMDIClient* Client() { return client; }

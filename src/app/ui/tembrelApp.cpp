@@ -24,19 +24,14 @@ constexpr char kScreenshotOption[] = "--screenshot";
 tembrelApp::tembrelApp(int& argc, char** argv) : QApplication(argc, argv) {
   setApplicationName("Tembrel");
   setDesktopFileName("tembrel");
-  TakeCommandLine();
+  TakeCommandLine({argv + 1, argv + argc});
   InitMainWindow();
 }
 
 tembrelApp::~tembrelApp() = default;
 
 // "--screenshot PNG [FILE]" saves a picture of the main window once FILE is shown, and quits.
-void tembrelApp::TakeCommandLine() {
-  std::vector<std::string> arguments;
-  const QStringList given = QCoreApplication::arguments();
-  for (const QString& argument : given.mid(1)) {
-    arguments.push_back(TextToPath(argument).string());
-  }
+void tembrelApp::TakeCommandLine(std::vector<std::string> arguments) {
   std::error_code error;
   const std::filesystem::path startFolder = std::filesystem::current_path(error);
   if (arguments.size() >= 2 && arguments.front() == kScreenshotOption) {

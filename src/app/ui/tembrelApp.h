@@ -3,6 +3,8 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <QApplication>
 
@@ -22,7 +24,8 @@ class tembrelApp : public QApplication {
   int Run();
 
  private:
-  void TakeCommandLine();
+  // `arguments` without the program's name and without Qt's own options, as bytes.
+  void TakeCommandLine(std::vector<std::string> arguments);
   void InitMainWindow();
   void SetUpClient();
   void SaveScreenshotAndQuit();
