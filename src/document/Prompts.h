@@ -35,6 +35,8 @@ class Prompts {
   virtual ~Prompts() = default;
   // An error with an OK button, titled "Tembrel".
   virtual void Error(const std::string& text) = 0;
+  // Something the user should know, with an information icon and an OK button, titled "Tembrel".
+  virtual void Inform(const std::string& text) = 0;
   // Yes or No with a question icon, titled "Tembrel"; closing the box is No.
   virtual bool AskYesNo(const std::string& text) = 0;
   // Yes, No or Cancel with a question icon; closing the box is Cancel.

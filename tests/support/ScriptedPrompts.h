@@ -16,6 +16,7 @@ namespace tembrel::test {
 class ScriptedPrompts : public Prompts {
  public:
   std::vector<std::string> errors;
+  std::vector<std::string> notes;
   std::vector<std::string> questions;
   std::vector<std::string> titles;
   std::vector<FileFilter> filtersShown;
@@ -29,6 +30,7 @@ class ScriptedPrompts : public Prompts {
   };
 
   void Error(const std::string& text) override { errors.push_back(text); }
+  void Inform(const std::string& text) override { notes.push_back(text); }
   bool AskYesNo(const std::string& text) override {
     questions.push_back(text);
     return Next(Answer::No) == Answer::Yes;

@@ -114,6 +114,10 @@ void QtPrompts::Error(const std::string& text) {
   Ask(parent, QMessageBox::Critical, ProgramName(), text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
+void QtPrompts::Inform(const std::string& text) {
+  Ask(parent, QMessageBox::Information, ProgramName(), text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
 bool QtPrompts::AskYesNo(const std::string& text) {
   return Ask(parent, QMessageBox::Question, ProgramName(), text, QMessageBox::Yes | QMessageBox::No,
              QMessageBox::No) == QMessageBox::Yes;

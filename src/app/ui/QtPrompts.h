@@ -15,6 +15,7 @@ class QtPrompts : public Prompts {
   explicit QtPrompts(QWidget* window) : parent(window) {}
 
   void Error(const std::string& text) override;
+  void Inform(const std::string& text) override;
   bool AskYesNo(const std::string& text) override;
   Answer AskYesNoCancel(const std::string& text, const std::string& title) override;
   std::optional<std::filesystem::path> AskOpenPath(const std::vector<FileFilter>& filters) override;
