@@ -61,6 +61,11 @@ LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std:
     FailToLoad(displayName, loaded.reason);
     return LoadOutcome::Failed;
   }
+  // The document stays empty until its copy is there too: what is painted meanwhile is no half-loaded sound.
+  if (MakeTempCopy(*loaded.clip, progress) == LoadOutcome::Cancelled) {
+    Clear();
+    return LoadOutcome::Cancelled;
+  }
   clip = std::move(loaded.clip);
   if (ReadWaveInfo(wavePath, frameCount) == kNoDuration) {
     frameCount = clip->Frames();
@@ -70,19 +75,15 @@ LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std:
   if (!Editable()) {
     notice = LookOnlyNotice(clip->format);
   }
-  const LoadOutcome outcome = MakeTempCopy(progress);
-  if (outcome == LoadOutcome::Cancelled) {
-    Clear();
-  }
-  return outcome;
+  return LoadOutcome::Loaded;
 }
 
-LoadOutcome Document::MakeTempCopy(const Progress& progress) {
+LoadOutcome Document::MakeTempCopy(const AudioClip& sound, const Progress& progress) {
   tempCopy = TempCopy::Create(paths, handle);
   if (!tempCopy) {
     return LoadOutcome::Loaded;
   }
-  const TempCopy::Result result = tempCopy->Write(*clip, HalfOf(progress, kHalf));
+  const TempCopy::Result result = tempCopy->Write(sound, HalfOf(progress, kHalf));
   return result == TempCopy::Result::Cancelled ? LoadOutcome::Cancelled : LoadOutcome::Loaded;
 }
 

@@ -54,7 +54,7 @@ class Document {
 
  private:
   void Clear();
-  LoadOutcome MakeTempCopy(const Progress& progress);
+  LoadOutcome MakeTempCopy(const AudioClip& sound, const Progress& progress);
 
   ProgramPaths paths;
   long long handle;

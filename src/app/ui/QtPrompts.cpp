@@ -88,6 +88,8 @@ class QtProgressDisplay : public ProgressDisplay {
     dialog->setMinimumDuration(0);
     dialog->setAutoClose(false);
     dialog->setAutoReset(false);
+    dialog->adjustSize();
+    dialog->move(parent->geometry().center() - dialog->rect().center());
     dialog->show();
   }
 
