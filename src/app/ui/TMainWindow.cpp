@@ -43,6 +43,15 @@ std::vector<QUrl> DroppedFiles(const QMimeData* data) {
   return files;
 }
 
+// Whoever is told that files were moved may delete them: whatever is proposed, a drop is a copy.
+bool TakeAsCopy(QDropEvent& event) {
+  if (!event.possibleActions().testFlag(Qt::CopyAction) || DroppedFiles(event.mimeData()).empty()) {
+    return false;
+  }
+  event.setDropAction(Qt::CopyAction);
+  return true;
+}
+
 }  // namespace
 
 TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts* questions)
@@ -209,16 +218,25 @@ void TMainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void TMainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (!DroppedFiles(event->mimeData()).empty()) {
-    event->acceptProposedAction();
+  if (TakeAsCopy(*event)) {
+    event->accept();
   }
 }
 
 void TMainWindow::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  for (const QUrl& url : DroppedFiles(event->mimeData())) {
-    client->OpenDocument(TextToPath(url.toLocalFile()));
+  if (!TakeAsCopy(*event)) {
+    return;
   }
+  event->accept();
+  // Opened once the drop is over: the program the files come from waits for its end.
+  QMetaObject::invokeMethod(
+      client,
+      [this, files = DroppedFiles(event->mimeData())] {
+        for (const QUrl& url : files) {
+          client->OpenDocument(TextToPath(url.toLocalFile()));
+        }
+      },
+      Qt::QueuedConnection);
 }
 
 }  // namespace tembrel
