@@ -103,6 +103,7 @@ void DrawStraight(const Raster& raster, bool horizontal, const Axis& major, std:
 void DrawSlanted(const Raster& raster, bool horizontal, const Axis& major, const Axis& minor,
                  const Steps& steps, const Pen& pen) {
   const Pattern pattern = PatternOf(pen);
+  const std::int64_t breadth = horizontal ? raster.height : raster.width;
   const std::int64_t whole = 2 * major.length;
   // The distance across, rounded, is (2 × step × minor + major) / (2 × major); kept as quotient and
   // remainder.
@@ -112,7 +113,13 @@ void DrawSlanted(const Raster& raster, bool horizontal, const Axis& major, const
   for (std::int64_t step = steps.first; step <= steps.last; ++step) {
     if (pattern.Draws(step)) {
       const std::int64_t along = major.from + major.direction * step;
-      FillAlong(raster, horizontal, along, along, minor.from + minor.direction * offset, pen);
+      const std::int64_t across = minor.from + minor.direction * offset;
+      if (pen.thickness > 1) {
+        FillAlong(raster, horizontal, along, along, across, pen);
+      } else if (across >= 0 && across < breadth) {
+        const std::int64_t at = horizontal ? across * raster.stride + along : along * raster.stride + across;
+        raster.pixels[static_cast<std::size_t>(at)] = pen.color;
+      }
     }
     remainder += 2 * minor.length;
     if (remainder >= whole) {

@@ -28,11 +28,14 @@ class Canvas {
   // '#' for ink, '.' for empty, a line a row.
   std::string Text() {
     std::string text;
-    for (int y = 0; y < height; ++y) {
-      for (int x = 0; x < width; ++x) {
-        text += pixels[static_cast<std::size_t>((y + 1) * stride + x)] == kInk ? '#' : '.';
+    const Raster raster = AsRaster();
+    for (std::size_t i = 0; i < raster.pixels.size(); ++i) {
+      const int x = static_cast<int>(i) % stride;
+      if (x < width) {
+        text += raster.pixels[i] == kInk ? '#' : '.';
+      } else if (x == width) {
+        text += '\n';
       }
-      text += '\n';
     }
     return text;
   }

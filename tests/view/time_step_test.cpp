@@ -78,7 +78,7 @@ TEST(TimeMarks, MarksKeepTheirDistanceWhileScrolling) {
   const std::int64_t framesAPixel = 441;
   for (std::int64_t pixels = 0; pixels < 50; ++pixels) {
     const std::vector<int> columns =
-        Columns({44100, 1'000'000'000 + pixels * framesAPixel, 441 * 600, 600, 600});
+        Columns({44100, 1'000'000'000 + pixels * framesAPixel, framesAPixel * 600, 600, 600});
     ASSERT_GE(columns.size(), 4U);
     // A mark less than a pixel left of the edge is truncated onto it, so the first distance may be one less.
     for (std::size_t i = 2; i < columns.size(); ++i) {

@@ -50,8 +50,9 @@ TEST(WaveLinesOfHostileRecords, LongBlockThatEndsInMidFrame) {
   }
 }
 
-TEST(WaveLinesOfHostileRecords, OneHugeFrameThatFitsIsDrawn) {
-  AudioClip clip = ClipOfBytes(65535, 2, std::vector<std::uint8_t>(8192 * 2 * 3, 0));
+TEST(WaveLinesOfHostileRecords, HugeFramesThatFitAreDrawn) {
+  // Three frames of two samples of 8192 bytes.
+  AudioClip clip = ClipOfBytes(65535, 2, std::vector<std::uint8_t>(49'152, 0));
   EXPECT_EQ(WaveLines(clip, {3, 232}, 0, 3).size(), 4U);
   ExpectLinesInside(clip);
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <random>
+#include <span>
 
 #include "tests/view/TestClips.h"
 #include "view/WavePicture.h"
@@ -17,7 +18,10 @@ struct Painted {
                before) {}
 
   Raster AsRaster() { return {pixels, area.width, area.height, area.width}; }
-  Rgb At(int x, int y) const { return pixels[static_cast<std::size_t>(y * area.width + x)]; }
+  Rgb At(int x, int y) const {
+    return std::span(pixels).subspan(static_cast<std::size_t>(y) *
+                                     static_cast<std::size_t>(area.width))[static_cast<std::size_t>(x)];
+  }
 };
 
 TEST(WavePicture, WithoutAClipOnlyTheMonoGridIsPainted) {
