@@ -4,6 +4,7 @@
 #include <array>
 
 #include "view/PixelMap.h"
+#include "view/ToolButtons.h"
 
 namespace tembrel {
 
@@ -43,19 +44,24 @@ std::int64_t EditView::FrameAt(double x) const {
   return PixelToFrame(x, firstVisibleFrame, framesOnScreen, clientWidth);
 }
 
-void EditView::SetSound(std::int64_t frames, std::optional<std::uint32_t> newRate) {
+void EditView::SetSound(std::int64_t frames, std::optional<std::uint32_t> newRate,
+                        std::int64_t newFrameSize) {
+  selection.Reset();
+  selecting = drawing = pencilEdit = dragging = false;
+  frameSize = std::max<std::int64_t>(newFrameSize, 0);
   soundFrames = std::clamp<std::int64_t>(frames, 0, kMaxFrames);
   rate = newRate;
   cursorFrame = 0;
   firstVisibleFrame = 0;
   framesOnScreen = TotalFrames();
   verticalTopRow = 51;
-  dragging = false;
   RefreshRows();
   HorizontalScroll(ScrollCode::Refresh);
 }
 
-void EditView::SoundChanged(std::int64_t frames, std::optional<std::uint32_t> newRate) {
+void EditView::SoundChanged(std::int64_t frames, std::optional<std::uint32_t> newRate,
+                            std::int64_t newFrameSize) {
+  frameSize = std::max<std::int64_t>(newFrameSize, 0);
   soundFrames = std::clamp<std::int64_t>(frames, 0, kMaxFrames);
   rate = newRate;
   framesOnScreen = std::min(framesOnScreen, TotalFrames());
@@ -67,6 +73,7 @@ void EditView::SoundChanged(std::int64_t frames, std::optional<std::uint32_t> ne
 void EditView::SetClientSize(int width, int height) {
   clientWidth = std::max(width, 0);
   clientHeight = std::max(height, 0);
+  PlaceStrip();
   RefreshRows();
 }
 
@@ -141,6 +148,7 @@ int EditView::ScrollPercent() const {
 }
 
 void EditView::ShowHorizontalState(bool withCounter) {
+  PlaceStrip();
   listener.ScrollBarChanged(ScrollPercent());
   listener.Repaint();
   if (withCounter) {
@@ -258,7 +266,7 @@ void EditView::VerticalZoomOut() {
   SetVerticalZoom(here == kVerticalZooms.begin() ? verticalZoom : *(here - 1));
 }
 
-// ---- Cursor, mouse, keys
+// ---- Cursor, keys
 
 void EditView::SetCursorPosition(std::int64_t frame, bool force) {
   const std::int64_t target = WithinSound(frame);
@@ -273,39 +281,8 @@ void EditView::SetCursorPosition(std::int64_t frame, bool force) {
 }
 
 void EditView::SetTool(int index) {
-  if (index >= 0 && index < kToolCount) {
+  if (index >= 0 && static_cast<std::size_t>(index) < kToolCount) {
     toolIndex = index;
-  }
-}
-
-bool EditView::Press(MouseButton button, double) {
-  if (dragging || (button == MouseButton::Right && toolIndex != 0)) {
-    return false;
-  }
-  dragging = true;
-  rightButton = button == MouseButton::Right;
-  listener.CursorChanged(cursorFrame, cursorFrame);
-  return true;
-}
-
-bool EditView::Release(MouseButton button, double x) {
-  if (!dragging || rightButton != (button == MouseButton::Right)) {
-    return false;
-  }
-  const double inside = x < clientWidth ? std::max(x, 0.0) : std::max(clientWidth - 1, 0);
-  const std::int64_t old = cursorFrame;
-  cursorFrame = WithinSound(FrameAt(inside));
-  dragging = false;
-  listener.CursorChanged(old, cursorFrame);
-  listener.CursorNotification(cursorFrame);
-  ShowCounter();
-  return true;
-}
-
-void EditView::CancelDrag() {
-  if (dragging) {
-    dragging = false;
-    listener.CursorChanged(cursorFrame, cursorFrame);
   }
 }
 
@@ -329,7 +306,8 @@ bool EditView::StepCursor(bool right) {
 
 bool EditView::PressTool(int index) {
   if (!dragging) {
-    toolIndex = (index + kToolCount) % kToolCount;
+    constexpr int kTools{kToolCount};
+    toolIndex = (index + kTools) % kTools;
     listener.ToolPressed(toolIndex);
   }
   return true;

@@ -30,6 +30,28 @@ class EditViewListener {
   virtual void CursorNotification(std::int64_t frame) = 0;
   // A key pressed tool button `index`, 0..7.
   virtual void ToolPressed(int index) = 0;
+  // The columns [fromX, toX), logical pixels, became inverted or not: repaint them from the kept picture.
+  virtual void SelectionStripChanged(int fromX, int toX) = 0;
+  // Set the mouse pointer to this logical pixel of the view: a drag beyond an edge scrolled.
+  virtual void MovePointerTo(int x, int y) = 0;
+  // The rulers' mouse read-outs: the frame under the mouse.
+  virtual void MouseReadout(std::int64_t frame) = 0;
+  // The pencil got armed or disarmed: the pointer over the view has another shape.
+  virtual void PointerShapeChanged() = 0;
+  // Whether the mouse at logical pixel (x, y), over `frame`, points at the waveform closely enough for the
+  // pencil.
+  virtual bool PencilHit(int x, int y, std::int64_t frame) = 0;
+  // A pencil stroke begins: record for undo. False when that failed; nothing is drawn then.
+  virtual bool PencilBegin() = 0;
+  // Draw samples at logical pixel (x, y), which may lie outside the view.
+  virtual void PencilDraw(int x, int y) = 0;
+  // The sound in the columns fromX..toX, logical pixels, changed: paint the waveform there anew.
+  virtual void PencilStripChanged(int fromX, int toX) = 0;
+  // The stroke has ended: the document is changed.
+  virtual void PencilEnd() = 0;
+  // Open the action menu with its top left corner at this logical pixel of the view; call ActionMenuClosed
+  // when it has closed.
+  virtual void ActionMenuWanted(int x, int y) = 0;
   // The vertical zoom changed: the document window lays out its children again (size message 99).
   virtual void Relayout() = 0;
 };

@@ -13,6 +13,10 @@ namespace tembrel {
 class RecordingListener : public EditViewListener {
  public:
   std::vector<std::string> calls;
+  std::int64_t readout = -1;  // the last mouse read-out
+  // What the pencil's questions are answered with.
+  bool pencilHits = false;
+  bool pencilBegins = true;
 
   // The calls since the last time, forgotten here.
   std::vector<std::string> Take() {
@@ -47,6 +51,22 @@ class RecordingListener : public EditViewListener {
   }
   void CursorNotification(std::int64_t frame) override { Note("notify ", frame); }
   void ToolPressed(int index) override { Note("tool ", index); }
+  void SelectionStripChanged(int fromX, int toX) override { Note("strip ", fromX, ' ', toX); }
+  void MovePointerTo(int x, int y) override { Note("pointer ", x, ' ', y); }
+  void MouseReadout(std::int64_t frame) override { readout = frame; }
+  void PointerShapeChanged() override { Note("shape"); }
+  bool PencilHit(int x, int y, std::int64_t frame) override {
+    Note("hit? ", x, ' ', y, ' ', frame);
+    return pencilHits;
+  }
+  bool PencilBegin() override {
+    Note("pencil begins");
+    return pencilBegins;
+  }
+  void PencilDraw(int x, int y) override { Note("draw ", x, ' ', y); }
+  void PencilStripChanged(int fromX, int toX) override { Note("drawn ", fromX, ' ', toX); }
+  void PencilEnd() override { Note("pencil ends"); }
+  void ActionMenuWanted(int x, int y) override { Note("menu ", x, ' ', y); }
   void Relayout() override { Note("relayout"); }
 
  private:

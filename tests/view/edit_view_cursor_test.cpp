@@ -10,7 +10,7 @@ class EditViewCursor : public testing::Test {
  protected:
   EditViewCursor() {
     view.SetClientSize(500, 175);
-    view.SetSound(10'000, 44100);
+    view.SetSound(10'000, 44100, 4);
     view.Show(0, 1000);
     listener.Take();
   }
@@ -19,8 +19,8 @@ class EditViewCursor : public testing::Test {
   bool ShiftKey(EditKey key) { return view.KeyPress(key, true, false); }
   bool ControlKey(EditKey key) { return view.KeyPress(key, false, true); }
   void Click(double x, MouseButton button = MouseButton::Left) {
-    view.Press(button, x);
-    view.Release(button, x);
+    view.Press(button, {x, 50});
+    view.Release(button, {x, 50});
   }
 
   RecordingListener listener;
@@ -81,11 +81,11 @@ TEST_F(EditViewCursor, TheEndOfTheSoundIsVisibleAtTheRightEdge) {
 }
 
 TEST_F(EditViewCursor, AClickPutsTheCursorUnderTheMouse) {
-  EXPECT_TRUE(view.Press(MouseButton::Left, 100));
+  EXPECT_TRUE(view.Press(MouseButton::Left, {100, 50}));
   EXPECT_TRUE(view.Dragging());
   EXPECT_FALSE(view.CursorShown());
   EXPECT_EQ(listener.Take(), (Calls{"cursor 0 0"}));
-  EXPECT_TRUE(view.Release(MouseButton::Left, 100));
+  EXPECT_TRUE(view.Release(MouseButton::Left, {100, 50}));
   EXPECT_FALSE(view.Dragging());
   EXPECT_TRUE(view.CursorShown());
   EXPECT_EQ(listener.Take(), (Calls{"cursor 0 200", "notify 200", "counter 200 44100"}));
@@ -110,12 +110,12 @@ TEST_F(EditViewCursor, AClickBeyondTheSoundGoesToItsEnd) {
 }
 
 TEST_F(EditViewCursor, DuringADragTheCursorCannotBeSet) {
-  view.Press(MouseButton::Left, 10);
+  view.Press(MouseButton::Left, {10, 50});
   listener.Take();
   view.SetCursorPosition(700, true);
   EXPECT_EQ(view.CursorFrame(), 0);
   EXPECT_TRUE(listener.Take().empty());
-  view.Release(MouseButton::Left, 10);
+  view.Release(MouseButton::Left, {10, 50});
   EXPECT_EQ(view.CursorFrame(), 20);
 }
 
@@ -124,8 +124,8 @@ TEST_F(EditViewCursor, TheRightButtonPutsTheCursorWithToolZeroOnly) {
   EXPECT_EQ(view.CursorFrame(), 200);
   view.SetTool(3);
   listener.Take();
-  EXPECT_FALSE(view.Press(MouseButton::Right, 300));
-  EXPECT_FALSE(view.Release(MouseButton::Right, 300));
+  EXPECT_FALSE(view.Press(MouseButton::Right, {300, 50}));
+  EXPECT_FALSE(view.Release(MouseButton::Right, {300, 50}));
   EXPECT_EQ(view.CursorFrame(), 200);
   EXPECT_TRUE(listener.Take().empty());
   Click(300);
@@ -133,22 +133,22 @@ TEST_F(EditViewCursor, TheRightButtonPutsTheCursorWithToolZeroOnly) {
 }
 
 TEST_F(EditViewCursor, AnotherButtonDuringADragIsIgnored) {
-  view.Press(MouseButton::Left, 100);
-  EXPECT_FALSE(view.Press(MouseButton::Right, 300));
-  EXPECT_FALSE(view.Release(MouseButton::Right, 300));
+  view.Press(MouseButton::Left, {100, 50});
+  EXPECT_FALSE(view.Press(MouseButton::Right, {300, 50}));
+  EXPECT_FALSE(view.Release(MouseButton::Right, {300, 50}));
   EXPECT_TRUE(view.Dragging());
-  EXPECT_TRUE(view.Release(MouseButton::Left, 150));
-  EXPECT_EQ(view.CursorFrame(), 300);
+  EXPECT_TRUE(view.Release(MouseButton::Left, {102, 50}));
+  EXPECT_FALSE(view.Dragging());
 }
 
 TEST_F(EditViewCursor, AReleaseWithoutAPressIsIgnored) {
-  EXPECT_FALSE(view.Release(MouseButton::Left, 100));
+  EXPECT_FALSE(view.Release(MouseButton::Left, {100, 50}));
   EXPECT_TRUE(listener.Take().empty());
 }
 
 TEST_F(EditViewCursor, ACancelledDragLeavesTheCursor) {
   Click(100);
-  view.Press(MouseButton::Left, 300);
+  view.Press(MouseButton::Left, {300, 50});
   listener.Take();
   view.CancelDrag();
   EXPECT_FALSE(view.Dragging());
@@ -237,7 +237,7 @@ TEST_F(EditViewCursor, ShiftWithLeftAndRightPressesTheNeighbouringTool) {
 }
 
 TEST_F(EditViewCursor, ToolsCannotBeChangedByKeysDuringADrag) {
-  view.Press(MouseButton::Left, 5);
+  view.Press(MouseButton::Left, {5, 50});
   listener.Take();
   ShiftKey(EditKey::Right);
   EXPECT_EQ(view.ToolIndex(), 0);

@@ -10,7 +10,7 @@ class EditViewRows : public testing::Test {
  protected:
   EditViewRows() {
     view.SetClientSize(500, 200);
-    view.SetSound(10'000, 44100);
+    view.SetSound(10'000, 44100, 4);
     listener.Take();
   }
 
@@ -126,13 +126,13 @@ TEST_F(EditViewRows, RefreshHoldsTheTopRowInRange) {
 
 TEST_F(EditViewRows, ALoadedSoundStartsAtRowFiftyOneWhereRowsCanBeScrolled) {
   ZoomOnce();
-  view.SetSound(100, 44100);
+  view.SetSound(100, 44100, 4);
   EXPECT_EQ(view.VerticalTopRow(), 51);
   view.SetClientSize(500, 400);
-  view.SetSound(100, 44100);
+  view.SetSound(100, 44100, 4);
   EXPECT_EQ(view.VerticalTopRow(), 28);
   view.VerticalZoomOut();
-  view.SetSound(100, 44100);
+  view.SetSound(100, 44100, 4);
   EXPECT_EQ(view.VerticalTopRow(), 0);
 }
 

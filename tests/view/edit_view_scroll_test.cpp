@@ -11,7 +11,7 @@ class EditViewScroll : public testing::Test {
  protected:
   EditViewScroll() {
     view.SetClientSize(500, 175);
-    view.SetSound(10'000, 44100);
+    view.SetSound(10'000, 44100, 4);
     view.Show(0, 1000);
     listener.Take();
   }
@@ -38,7 +38,7 @@ TEST_F(EditViewScroll, ANewViewShowsAHundredFrames) {
 
 TEST_F(EditViewScroll, ALoadedSoundIsShownWhole) {
   ShowAndPutCursor(5000, 100, 5050);
-  view.SetSound(777, 22050);
+  view.SetSound(777, 22050, 4);
   EXPECT_EQ(view.FramesOnScreen(), 777);
   EXPECT_EQ(view.FirstVisibleFrame(), 0);
   EXPECT_EQ(view.CursorFrame(), 0);
@@ -46,7 +46,7 @@ TEST_F(EditViewScroll, ALoadedSoundIsShownWhole) {
 }
 
 TEST_F(EditViewScroll, AnEmptyDocumentCountsAsAHundredFrames) {
-  view.SetSound(0, std::nullopt);
+  view.SetSound(0, std::nullopt, 0);
   EXPECT_EQ(view.FramesOnScreen(), 100);
   EXPECT_TRUE(listener.Heard("counter 0 none"));
   view.HorizontalScroll(ScrollCode::PageRight);
@@ -237,7 +237,7 @@ TEST_F(EditViewScroll, AViewAsWideAsTheSoundStaysAtItsStart) {
 }
 
 TEST_F(EditViewScroll, ASoundOfOneFrameIsSafe) {
-  view.SetSound(1, 44100);
+  view.SetSound(1, 44100, 4);
   view.SetDocumentWidth(1);
   for (int i = 0; i < 10; ++i) {
     view.ZoomIn();
@@ -256,8 +256,8 @@ TEST_F(EditViewScroll, AClientAreaWithoutWidthIsSafe) {
   for (const int width : {0, 1, -5}) {
     view.SetClientSize(width, 0);
     EXPECT_EQ(view.FrameAt(0), view.FirstVisibleFrame());
-    view.Press(MouseButton::Left, 3);
-    view.Release(MouseButton::Left, 3);
+    view.Press(MouseButton::Left, {3, 50});
+    view.Release(MouseButton::Left, {3, 50});
     EXPECT_EQ(view.CursorFrame(), view.FirstVisibleFrame());
     view.KeyPress(EditKey::Right, false, false);
     view.KeyPress(EditKey::Left, false, false);
@@ -267,7 +267,7 @@ TEST_F(EditViewScroll, AClientAreaWithoutWidthIsSafe) {
 
 TEST_F(EditViewScroll, AnEditHoldsTheViewInsideTheSound) {
   ShowAndPutCursor(0, 10'000, 9000);
-  view.SoundChanged(4000, 44100);
+  view.SoundChanged(4000, 44100, 4);
   EXPECT_EQ(view.FramesOnScreen(), 4000);
   EXPECT_EQ(view.FirstVisibleFrame(), 0);
   EXPECT_EQ(view.CursorFrame(), 4000);
@@ -276,17 +276,17 @@ TEST_F(EditViewScroll, AnEditHoldsTheViewInsideTheSound) {
 
 TEST_F(EditViewScroll, AnEditThatLeavesRoomKeepsTheView) {
   ShowAndPutCursor(2000, 1000, 2500);
-  view.SoundChanged(12'000, 44100);
+  view.SoundChanged(12'000, 44100, 4);
   EXPECT_EQ(view.FramesOnScreen(), 1000);
   EXPECT_EQ(view.FirstVisibleFrame(), 2000);
   EXPECT_EQ(view.CursorFrame(), 2500);
-  view.SoundChanged(2200, 44100);
+  view.SoundChanged(2200, 44100, 4);
   EXPECT_EQ(view.FirstVisibleFrame(), 1200);
   EXPECT_EQ(view.CursorFrame(), 2200);
 }
 
 TEST_F(EditViewScroll, SoundsOfFourGigabytesAreCountedIn64Bits) {
-  view.SetSound(4'294'967'295, 44100);
+  view.SetSound(4'294'967'295, 44100, 4);
   view.Show(0, 1000);
   view.HorizontalScroll(ScrollCode::ThumbPosition, 99);
   EXPECT_EQ(view.FirstVisibleFrame(), (4'294'967'295 - 1000) * 99 / 100);
@@ -300,7 +300,7 @@ TEST_F(EditViewScroll, PositionsFromOutsideAreHeldInBounds) {
   EXPECT_EQ(view.FirstVisibleFrame(), 0);
   EXPECT_EQ(view.FramesOnScreen(), 1);
   const std::int64_t huge = std::numeric_limits<std::int64_t>::max();
-  view.SetSound(huge, 44100);
+  view.SetSound(huge, 44100, 4);
   view.Show(huge, huge);
   EXPECT_EQ(view.FirstVisibleFrame(), kMaxFrames);
   EXPECT_EQ(view.FramesOnScreen(), kMaxFrames);

@@ -79,7 +79,8 @@ AudioEditWindow::AudioEditWindow(const Document& shownDocument, QWidget* parent)
 void AudioEditWindow::ShowSound() {
   const AudioClip* clip = document.Clip();
   view.SetSound(clip == nullptr ? 0 : document.FrameCount(),
-                clip == nullptr ? std::nullopt : std::optional(clip->format.nSamplesPerSec));
+                clip == nullptr ? std::nullopt : std::optional(clip->format.nSamplesPerSec),
+                clip == nullptr ? 0 : clip->format.nBlockAlign);
 }
 
 double AudioEditWindow::VisibleShare() const {
@@ -189,13 +190,13 @@ void AudioEditWindow::mousePressEvent(QMouseEvent* event) {
   const std::optional<MouseButton> button = ButtonOf(event->button());
   if (button) {
     setFocus(Qt::MouseFocusReason);
-    view.Press(*button, event->position().x());
+    view.Press(*button, {event->position().x(), event->position().y()});
   }
 }
 
 void AudioEditWindow::mouseReleaseEvent(QMouseEvent* event) {
   if (const std::optional<MouseButton> button = ButtonOf(event->button())) {
-    view.Release(*button, event->position().x());
+    view.Release(*button, {event->position().x(), event->position().y()});
   }
 }
 
@@ -258,6 +259,38 @@ void AudioEditWindow::CursorNotification(std::int64_t frame) {
 }
 
 void AudioEditWindow::ToolPressed(int /*index*/) {}
+
+void AudioEditWindow::SelectionStripChanged(int fromX, int toX) {
+  update(fromX - 1, 0, toX - fromX + 2, height());
+}
+
+void AudioEditWindow::MovePointerTo(int x, int y) {
+  QCursor::setPos(mapToGlobal(QPoint(x, y)));
+}
+
+void AudioEditWindow::MouseReadout(std::int64_t /*frame*/) {}
+
+void AudioEditWindow::PointerShapeChanged() {}
+
+// The document cannot be drawn on yet.
+bool AudioEditWindow::PencilHit(int /*x*/, int /*y*/, std::int64_t /*frame*/) {
+  return false;
+}
+
+bool AudioEditWindow::PencilBegin() {
+  return false;
+}
+
+void AudioEditWindow::PencilDraw(int /*x*/, int /*y*/) {}
+
+void AudioEditWindow::PencilStripChanged(int /*fromX*/, int /*toX*/) {}
+
+void AudioEditWindow::PencilEnd() {}
+
+// There are no actions yet.
+void AudioEditWindow::ActionMenuWanted(int /*x*/, int /*y*/) {
+  view.ActionMenuClosed();
+}
 
 void AudioEditWindow::Relayout() {
   Q_EMIT relayoutWanted();

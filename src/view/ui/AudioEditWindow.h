@@ -59,6 +59,16 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void CounterChanged(std::int64_t frame, std::optional<std::uint32_t> rate) override;
   void CursorNotification(std::int64_t frame) override;
   void ToolPressed(int index) override;
+  void SelectionStripChanged(int fromX, int toX) override;
+  void MovePointerTo(int x, int y) override;
+  void MouseReadout(std::int64_t frame) override;
+  void PointerShapeChanged() override;
+  bool PencilHit(int x, int y, std::int64_t frame) override;
+  bool PencilBegin() override;
+  void PencilDraw(int x, int y) override;
+  void PencilStripChanged(int fromX, int toX) override;
+  void PencilEnd() override;
+  void ActionMenuWanted(int x, int y) override;
   void Relayout() override;
 
   // The widget's place on the screen's pixels: the picture is painted on whole ones at every scale factor.

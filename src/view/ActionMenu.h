@@ -1,0 +1,47 @@
+// The action menu as data: what a finished selection offers. The window builds a fresh pop-up from it each
+// time and sends the chosen id to the commands.
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tembrel {
+
+inline constexpr int kActionCut = 8246;
+inline constexpr int kActionCopy = 8248;
+inline constexpr int kActionInsert = 8249;  // silence of the selection's length
+inline constexpr int kActionPitch = 8256;
+inline constexpr int kActionPlay = 8260;
+inline constexpr int kActionCompress = 8261;
+inline constexpr int kActionAmplify = 8262;
+inline constexpr int kActionReverb = 8263;
+inline constexpr int kActionFadeIn = 8264;
+inline constexpr int kActionFadeOut = 8266;
+inline constexpr int kActionNormalize = 8267;
+inline constexpr int kActionSilence = 8268;
+inline constexpr int kActionFilter = 8269;
+inline constexpr int kActionRemoveNoise = 8271;
+inline constexpr int kActionDuration = 8338;
+inline constexpr int kActionFirstPlugin = 8273;
+inline constexpr int kMaxPluginActions = 24;
+
+// The menu's top left corner from the mouse, logical pixels.
+inline constexpr int kActionMenuRight = 28;
+inline constexpr int kActionMenuDown = -1;
+
+// A command (a text and an id) or a sub-menu (a text and items, id 0).
+struct ActionItem {
+  std::string text;  // with '&' before the letter of the entry; a plug-in's name has its own '&' doubled
+  int id = 0;
+  bool enabled = true;
+  std::vector<ActionItem> popup;
+};
+
+// Whether choosing the entry does something in this version; the others stand in the menu, disabled.
+bool IsActionBuilt(int id);
+
+// The entries in order. The plug-ins' sub-menu is there only when there are names, and holds the first 24.
+std::vector<ActionItem> ActionMenu(std::span<const std::string> pluginNames = {});
+
+}  // namespace tembrel

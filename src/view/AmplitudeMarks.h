@@ -1,0 +1,24 @@
+// The labels of the amplitude scale beside the waveform view: 1.0 at the top, 0.0 in the middle, -1.0 at the
+// bottom, once a channel.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "view/Picture.h"
+#include "view/Raster.h"
+
+namespace tembrel {
+
+struct AmplitudeLabel {
+  PixelRect box;  // device pixels; the text is right-aligned in it, with its bottom on the level line
+  std::string text;
+
+  bool operator==(const AmplitudeLabel&) const = default;
+};
+
+// The labels from top to bottom; `area` is the scale's, as high as the view. Where the level lines are under
+// 13 logical pixels apart, only the first, the middle and the last of each channel.
+std::vector<AmplitudeLabel> AmplitudeLabels(const PaintArea& area, bool stereo);
+
+}  // namespace tembrel

@@ -1,0 +1,17 @@
+// The selection as it is painted: the full height inverted over what is there. Laid over the kept picture, so
+// that it disappears without a trace.
+#pragma once
+
+#include "view/EditView.h"
+#include "view/Picture.h"
+#include "view/Raster.h"
+
+namespace tembrel {
+
+// The device pixels of `columns` (logical pixels) on an area, full height, clipped to it.
+PixelRect StripOf(const PaintArea& area, const PixelColumns& columns);
+
+// Inverts the colours inside `strip`: once draws the selection, twice restores what was there.
+void InvertStrip(const Raster& raster, const PixelRect& strip);
+
+}  // namespace tembrel
