@@ -47,6 +47,7 @@ class EditView {
   std::int64_t FramesOnScreen() const { return framesOnScreen; }        // at least 1; may exceed the sound
   std::int64_t SoundFrames() const { return soundFrames; }              // 0 for an empty document
   std::int64_t TotalFrames() const;                                     // an empty document counts as 100
+  std::optional<std::uint32_t> Rate() const { return rate; }            // hertz; none while there is no clip
   int VerticalZoom() const { return verticalZoom; }      // 1, 4, 5 or 7 pixels a row; 1: all rows fit
   int VisibleRows() const { return visibleRows; }        // 0..128
   int VerticalTopRow() const { return verticalTopRow; }  // 0..128 - VisibleRows()
