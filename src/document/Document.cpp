@@ -36,10 +36,11 @@ std::string LookOnlyNotice(const WaveFormat& format) {
 
 }  // namespace
 
-Document::Document(ProgramPaths programPaths, long long windowHandle)
-    : paths(std::move(programPaths)), handle(windowHandle) {}
+Document::Document(ProgramPaths programPaths, long long windowHandle, EditMemory editMemory)
+    : paths(std::move(programPaths)), handle(windowHandle), memory(std::move(editMemory)) {}
 
 void Document::Clear() {
+  undo.Reset();
   FreeClip(clip);
   fileName.clear();
   notice.clear();
@@ -47,6 +48,7 @@ void Document::Clear() {
   frameCount = 0;
   stereo = false;
   changed = false;
+  pencilDown = false;
 }
 
 LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std::string& displayName,
@@ -102,6 +104,108 @@ void Document::SetChanged(bool newValue) {
     tempCopy->NoteChanged(fileName);
   } else {
     tempCopy->NoteUnchanged();
+  }
+}
+
+EditResult Document::CheckEditable() const {
+  if (Editable()) {
+    return EditResult::Done();
+  }
+  return EditResult::Refused(notice.empty() ? "There is no sound to edit." : notice);
+}
+
+EditResult Document::Edit(const EditStep& step) {
+  if (!clip) {
+    return {};
+  }
+  EndPencil();
+  EditResult result = CheckEditable();
+  if (result.done && step.check) {
+    result = step.check(*clip);
+  }
+  if (!result.done) {
+    return result;
+  }
+  undo.Push(clip.get());
+  ClipEditor editor(*clip, undo, memory);
+  if (step.change) {
+    result = step.change(editor);
+  }
+  if (!result.done) {
+    undo.TakeBackPush(editor);
+    return result;
+  }
+  undo.KeepPush();
+  Finish(editor.Changes(), step.marksChanged, step.refreshesLengths);
+  return result;
+}
+
+EditResult Document::Undo() {
+  return StepThroughHistory(&AudioUndo::Undo);
+}
+
+EditResult Document::Redo() {
+  return StepThroughHistory(&AudioUndo::Redo);
+}
+
+EditResult Document::StepThroughHistory(bool (AudioUndo::*step)(ClipEditor&)) {
+  if (!clip) {
+    return {};
+  }
+  EndPencil();
+  if (!notice.empty()) {
+    return EditResult::Refused(notice);
+  }
+  ClipEditor editor(*clip, undo, memory);
+  if (!(undo.*step)(editor)) {
+    return EditResult::Refused(editor.RefusalText());
+  }
+  // Taking back a step that changed nothing, a copy, does not make the document differ from its file.
+  Finish(editor.Changes(), !editor.Changes().Empty(), true);
+  return EditResult::Done();
+}
+
+EditResult Document::BeginPencil() {
+  const EditResult result =
+      Edit({.check = {}, .change = {}, .marksChanged = false, .refreshesLengths = false});
+  pencilDown = result.done;
+  return result;
+}
+
+EditResult Document::DrawPencil(const PencilArea& area, int x, int y) {
+  if (!clip || !pencilDown) {
+    return {};
+  }
+  ClipEditor editor(*clip, undo, memory);
+  const EditResult result = DrawWithPencil(editor, area, frameCount, x, y);
+  Finish(editor.Changes(), false, false);
+  return result;
+}
+
+void Document::EndPencil() {
+  if (std::exchange(pencilDown, false)) {
+    Finish({}, true, false);
+  }
+}
+
+void Document::RefreshLengths() {
+  const WaveFormat& format = clip->format;
+  stereo = format.nChannels == 2;
+  frameCount = clip->dataSize / ((format.wBitsPerSample == 16 ? 2U : 1U) * (stereo ? 2U : 1U));
+}
+
+void Document::Finish(const ClipChanges& changes, bool marksChanged, bool refreshesLengths) {
+  if (refreshesLengths) {
+    RefreshLengths();
+  }
+  if (tempCopy) {
+    tempCopy->Update(*clip, changes);
+  }
+  if (marksChanged && !changed) {
+    SetChanged(true);
+  }
+  if (listener != nullptr) {
+    listener->SoundChanged(refreshesLengths);
   }
 }
 

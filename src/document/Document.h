@@ -1,5 +1,5 @@
-// One open sound file: its clip, its names, whether it changed, and its temporary WAVE copy. Windows show it
-// and commands change it.
+// One open sound file: its clip with its undo history, its names, whether it changed, and its temporary WAVE
+// copy. Windows show it; its sound changes only through the edit frame here.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,12 @@
 #include "audio/ProgramPaths.h"
 #include "audio/Progress.h"
 #include "audio/Settings.h"
+#include "document/DocumentListener.h"
 #include "document/TempCopy.h"
+#include "edit/AudioUndo.h"
+#include "edit/EditMemory.h"
+#include "edit/EditStep.h"
+#include "edit/PencilDraw.h"
 
 namespace tembrel {
 
@@ -21,7 +26,7 @@ enum class LoadOutcome { Loaded, Failed, Cancelled };
 class Document {
  public:
   // An empty document. `windowHandle` is the number of its window; it names the temporary copy.
-  Document(ProgramPaths programPaths, long long windowHandle);
+  Document(ProgramPaths programPaths, long long windowHandle, EditMemory editMemory = {});
 
   // Replaces the sound by that of the WAVE file `wavePath`, known from now on as `displayName`. On failure
   // the document is empty and Notice() says why; after a cancel it is empty too.
@@ -40,7 +45,7 @@ class Document {
   const std::string& FileName() const { return fileName; }
   // The temporary WAVE copy; empty when there is none.
   std::filesystem::path TempFileName() const { return tempCopy ? tempCopy->Path() : std::filesystem::path(); }
-  // Frames as the file's header tells them.
+  // Frames as the file's header tells them; after an edit that refreshes the lengths, as the clip has them.
   std::uint32_t FrameCount() const { return frameCount; }
   bool Stereo() const { return stereo; }
 
@@ -52,19 +57,48 @@ class Document {
   // when there is nothing to say.
   const std::string& Notice() const { return notice; }
 
+  // Told of every change of the sound; null for nobody. Outlives the document or is taken away before.
+  void SetListener(DocumentListener* newListener) { listener = newListener; }
+
+  // The edit frame. Runs the step: its check, the undo snapshot, its change; then lengths, temporary copy,
+  // changed flag and listener follow. Without sound nothing happens and nothing is said; sound that cannot be
+  // edited is refused. A refused or failed step leaves document and history as they were.
+  EditResult Edit(const EditStep& step);
+
+  // One step back or forth. Commands ask CanUndo() and CanRedo() first; called anyway they exchange the sound
+  // with the history's working state, which is an empty clip in a document that was never edited.
+  EditResult Undo();
+  EditResult Redo();
+  bool CanUndo() const { return undo.CanUndo(); }
+  bool CanRedo() const { return undo.CanRedo(); }
+
+  // A pencil drag is one step: begun at the press, drawn at every move, ended at the release, which marks the
+  // document changed. Any other edit in between ends it; what is drawn after the end is not.
+  EditResult BeginPencil();
+  EditResult DrawPencil(const PencilArea& area, int x, int y);
+  void EndPencil();
+
  private:
+  EditResult StepThroughHistory(bool (AudioUndo::*step)(ClipEditor&));
+  EditResult CheckEditable() const;
+  void RefreshLengths();
+  void Finish(const ClipChanges& changes, bool marksChanged, bool refreshesLengths);
   void Clear();
   LoadOutcome MakeTempCopy(const AudioClip& sound, const Progress& progress);
 
   ProgramPaths paths;
   long long handle;
+  EditMemory memory;
+  DocumentListener* listener = nullptr;
   std::unique_ptr<AudioClip> clip;
+  AudioUndo undo;
   std::optional<TempCopy> tempCopy;
   std::string fileName;
   std::string notice;
   std::uint32_t frameCount = 0;
   bool stereo = false;
   bool changed = false;
+  bool pencilDown = false;
 };
 
 }  // namespace tembrel

@@ -9,6 +9,7 @@
 #include "audio/AudioClip.h"
 #include "audio/ProgramPaths.h"
 #include "audio/Progress.h"
+#include "edit/ClipChanges.h"
 #include "platform/FileLock.h"
 
 namespace tembrel {
@@ -28,6 +29,9 @@ class TempCopy {
   enum class Result { Written, Failed, Cancelled };
   // Makes the file the WAVE form of the clip.
   Result Write(const AudioClip& clip, const Progress& progress = {});
+  // The same after the clip changed in these places, by writing them alone. After a failure the file is not
+  // to be relied on, and the next update writes the whole.
+  Result Update(const AudioClip& clip, const ClipChanges& changes);
 
   // Leaves a note beside the copy that the document `name` has unsaved changes; without a note a copy found
   // at start-up holds nothing that is not in its file.
@@ -40,6 +44,7 @@ class TempCopy {
 
   std::filesystem::path path;  // empty once moved from
   std::optional<FileLock> lock;
+  bool complete = false;  // the file was the WAVE form of the clip when it was last written
 };
 
 // Where the note of a copy stands: "temp<number>.txt".

@@ -22,6 +22,11 @@ class MemoryBlock {
   MemoryBlock& operator=(const MemoryBlock&) = delete;
   ~MemoryBlock();
 
+  // Makes the block longer or shorter. The bytes up to the smaller size are kept, new ones are undefined;
+  // they may move. Large blocks change by whole pages without copying. On failure, false, the block is as
+  // before.
+  bool Resize(std::size_t newSize);
+
   std::size_t Size() const { return size; }
   bool Empty() const { return size == 0; }
   std::byte* Data() { return data; }

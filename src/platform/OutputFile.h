@@ -17,6 +17,8 @@ class OutputFile : public ByteOutput {
  public:
   // Creates the file or cuts an existing one to nothing, keeping its identity: a lock on it stays.
   static std::optional<OutputFile> Create(const std::filesystem::path& path, std::string& reason);
+  // Opens a file that is there, to change bytes in it.
+  static std::optional<OutputFile> OpenExisting(const std::filesystem::path& path, std::string& reason);
   enum class Access {
     kDefault,    // what the user's mask leaves of reading and writing for all
     kOwnerOnly,  // until TakeAttributesOf
@@ -33,6 +35,9 @@ class OutputFile : public ByteOutput {
 
   bool Write(std::span<const std::byte> bytes, std::string& reason) override;
   bool Overwrite(std::uint64_t offset, std::span<const std::byte> bytes, std::string& reason) override;
+
+  // Cuts the file to this many bytes, or lengthens it with zeros.
+  bool SetLength(std::uint64_t length, std::string& reason);
 
   // Waits until the bytes have reached the disk.
   bool Flush(std::string& reason);

@@ -1,5 +1,6 @@
 #include "platform/MemoryBlock.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <new>
 #include <sys/mman.h>
@@ -54,6 +55,29 @@ std::byte* MapBytes(std::size_t size) {
   return start + head;
 }
 
+// Moves the pages to where there is room for more; the system moves its tables and copies nothing.
+std::byte* GrowElsewhere(std::byte* start, std::size_t oldLength, std::size_t newLength) {
+  std::byte* const room = MapBytes(newLength);
+  if (room == nullptr) {
+    return nullptr;
+  }
+  void* const moved = mremap(start, oldLength, newLength, MREMAP_MAYMOVE | MREMAP_FIXED, room);
+  if (moved == MAP_FAILED) {
+    munmap(room, newLength);
+    return nullptr;
+  }
+  return static_cast<std::byte*>(moved);
+}
+
+// Both lengths in whole pages. Null when there is no memory; the pages are then where they were.
+std::byte* RemapBytes(std::byte* start, std::size_t oldLength, std::size_t newLength) {
+  if (newLength <= oldLength) {
+    return newLength == oldLength || munmap(start + newLength, oldLength - newLength) == 0 ? start : nullptr;
+  }
+  const bool inPlace = mremap(start, oldLength, newLength, 0) != MAP_FAILED;
+  return inPlace ? start : GrowElsewhere(start, oldLength, newLength);
+}
+
 }  // namespace
 
 std::optional<MemoryBlock> MemoryBlock::Allocate(std::size_t size) {
@@ -69,6 +93,27 @@ std::optional<MemoryBlock> MemoryBlock::Allocate(std::size_t size) {
     return std::nullopt;
   }
   return MemoryBlock(start, size);
+}
+
+bool MemoryBlock::Resize(std::size_t newSize) {
+  if (newSize == size) {
+    return true;
+  }
+  if (size >= kMappedFrom && newSize >= kMappedFrom && newSize < kAbsurdSize) {
+    std::byte* const start = RemapBytes(data, WholePages(size), WholePages(newSize));
+    if (start != nullptr) {
+      data = start;
+      size = newSize;
+    }
+    return start != nullptr;
+  }
+  std::optional<MemoryBlock> other = Allocate(newSize);
+  if (!other) {
+    return false;
+  }
+  std::copy_n(data, std::min(size, newSize), other->data);
+  *this = std::move(*other);
+  return true;
 }
 
 MemoryBlock::MemoryBlock(MemoryBlock&& other) noexcept

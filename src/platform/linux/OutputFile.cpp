@@ -15,7 +15,8 @@ namespace {
 
 constexpr std::size_t kMostPerCall = std::size_t{1} << 30U;
 // Without O_NONBLOCK opening a pipe waits for somebody to read from it.
-constexpr int kOpenFlags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+constexpr int kOpenExistingFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+constexpr int kOpenFlags = kOpenExistingFlags | O_CREAT;
 constexpr mode_t kNewFileMode = 0666;  // the user's mask takes its share
 constexpr mode_t kPrivateMode = 0600;
 
@@ -58,6 +59,15 @@ std::optional<OutputFile> OutputFile::CreateNew(const std::filesystem::path& pat
   return file;
 }
 
+std::optional<OutputFile> OutputFile::OpenExisting(const std::filesystem::path& path, std::string& reason) {
+  OutputFile file(open(path.c_str(), kOpenExistingFlags));
+  if (file.descriptor < 0) {
+    reason = SystemReason(errno);
+    return std::nullopt;
+  }
+  return file;
+}
+
 OutputFile::OutputFile(OutputFile&& other) noexcept : descriptor(std::exchange(other.descriptor, -1)) {}
 
 OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
@@ -84,6 +94,17 @@ bool OutputFile::Overwrite(std::uint64_t offset, std::span<const std::byte> byte
     }
     return moved;
   });
+}
+
+bool OutputFile::SetLength(std::uint64_t length, std::string& reason) {
+  int result = 0;
+  do {
+    result = ftruncate(descriptor, static_cast<off_t>(length));
+  } while (result != 0 && errno == EINTR);
+  if (result != 0) {
+    reason = SystemReason(errno);
+  }
+  return result == 0;
 }
 
 bool OutputFile::Flush(std::string& reason) {

@@ -1,0 +1,19 @@
+// Who is told when a document's sound changes: the window that shows it.
+#pragma once
+
+namespace tembrel {
+
+class DocumentListener {
+ public:
+  virtual ~DocumentListener() = default;
+  // The sound was edited, undone or redone; clip, temporary copy and changed flag are already up to date.
+  // `lengthsRefreshed`: frame count, stereo flag or format may have changed too, tell the texts anew.
+  virtual void SoundChanged(bool lengthsRefreshed) = 0;
+
+ protected:
+  DocumentListener() = default;
+  DocumentListener(const DocumentListener&) = default;
+  DocumentListener& operator=(const DocumentListener&) = default;
+};
+
+}  // namespace tembrel

@@ -1,0 +1,163 @@
+#include "edit/AudioUndo.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tembrel {
+
+namespace {
+
+void MoveDown(std::array<UndoSlot, kUndoSteps>& slots) {
+  for (std::size_t i = 0; i + 1 < slots.size(); ++i) {
+    slots.at(i).version = slots.at(i + 1).version;  // tags stay where they are
+  }
+  slots.back().version.reset();
+}
+
+void AddOnce(std::vector<std::shared_ptr<ClipVersion>>& versions,
+             const std::shared_ptr<ClipVersion>& version) {
+  if (version && std::ranges::find(versions, version) == versions.end()) {
+    versions.push_back(version);
+  }
+}
+
+}  // namespace
+
+void AudioUndo::Reset() {
+  before.reset();
+  history = {};
+  history.workingClip = std::make_shared<ClipVersion>();
+}
+
+void AudioUndo::Push(const AudioClip* clip) {
+  if (clip == nullptr) {
+    return;
+  }
+  before = history;
+  history.workingClip = std::make_shared<ClipVersion>(ClipVersion::Of(*clip));
+  history.currentTag = 0;
+  if (!history.recording) {
+    return;
+  }
+  if (++history.currentIndex >= kUndoSteps) {
+    history.currentIndex = kUndoSteps - 1;
+    MoveDown(history.undoSlots);
+    MoveDown(history.redoSlots);
+  }
+  history.topIndex = history.currentIndex;
+  Store(history.currentIndex, history.undoSlots);
+  Store(history.currentIndex, history.redoSlots);
+}
+
+void AudioUndo::TakeBackPush(ClipEditor& editor) {
+  const std::shared_ptr<ClipVersion> pushed = history.workingClip;
+  if (!editor.Changes().Empty() && pushed && editor.ReserveFor(*pushed)) {
+    editor.Restore(pushed);
+  }
+  if (before) {
+    history = std::move(*before);
+    before.reset();
+  } else if (history.currentIndex >= 0) {
+    // Memory was too short to keep what the push replaced: only its own step goes.
+    history.topIndex = --history.currentIndex;
+  }
+}
+
+bool AudioUndo::Undo(ClipEditor& editor) {
+  before.reset();
+  const bool steps = CanUndo();
+  const std::shared_ptr<ClipVersion> target =
+      steps ? UndoSlotAt(history.currentIndex).version : history.workingClip;
+  if (!target || !editor.ReserveFor(*target)) {
+    return false;
+  }
+  if (steps) {
+    Restore(history.currentIndex, history.undoSlots);
+    --history.currentIndex;
+  }
+  Swap(editor);
+  if (!history.workingClip) {
+    return true;  // there was no memory to keep what could be redone
+  }
+  Store(history.currentIndex + 1, history.redoSlots);
+  if (steps) {
+    history.topIndex = std::max(history.topIndex, history.currentIndex + 1);
+  }
+  return true;
+}
+
+bool AudioUndo::Redo(ClipEditor& editor) {
+  before.reset();
+  const int next = CanRedo() ? history.currentIndex + 1 : history.currentIndex;
+  const std::shared_ptr<ClipVersion> target = next >= 0 ? RedoSlotAt(next).version : history.workingClip;
+  if (!target || !editor.ReserveFor(*target)) {
+    return false;
+  }
+  history.currentIndex = next;
+  Restore(next, history.redoSlots);
+  Swap(editor);
+  return true;
+}
+
+// Clip and working state change places.
+void AudioUndo::Swap(ClipEditor& editor) {
+  history.recording = false;
+  const auto target =
+      std::exchange(history.workingClip, std::make_shared<ClipVersion>(ClipVersion::Of(editor.Clip())));
+  editor.Restore(target);
+  history.recording = true;
+}
+
+void AudioUndo::Store(int index, Slots& slots) {
+  if (index >= 0 && index < kUndoSteps) {
+    slots.at(static_cast<std::size_t>(index)) = {static_cast<std::uint16_t>(history.currentTag),
+                                                 history.workingClip};
+  }
+}
+
+void AudioUndo::Restore(int index, const Slots& slots) {
+  if (index >= 0 && index < kUndoSteps) {
+    const UndoSlot& slot = slots.at(static_cast<std::size_t>(index));
+    history.currentTag = slot.tag;
+    history.workingClip = slot.version;
+  }
+}
+
+std::vector<std::shared_ptr<ClipVersion>> AudioUndo::Versions() const {
+  std::vector<std::shared_ptr<ClipVersion>> versions;
+  const auto add = [&versions](const History& from) {
+    for (std::size_t i = 0; i < from.undoSlots.size(); ++i) {
+      AddOnce(versions, from.undoSlots.at(i).version);
+      AddOnce(versions, from.redoSlots.at(i).version);
+    }
+    AddOnce(versions, from.workingClip);
+  };
+  add(history);
+  if (before) {
+    add(*before);
+  }
+  return versions;
+}
+
+bool AudioUndo::ForgetOldest() {
+  if (before) {
+    before.reset();
+    return true;
+  }
+  if (history.currentIndex >= 0) {
+    MoveDown(history.undoSlots);
+    MoveDown(history.redoSlots);
+    --history.currentIndex;
+    --history.topIndex;
+    return true;
+  }
+  if (history.topIndex >= 0) {
+    const auto farthest = static_cast<std::size_t>(history.topIndex--);
+    history.undoSlots.at(farthest).version.reset();
+    history.redoSlots.at(farthest).version.reset();
+    return true;
+  }
+  return std::exchange(history.workingClip, nullptr) != nullptr;
+}
+
+}  // namespace tembrel

@@ -1,0 +1,23 @@
+#include "edit/ClipChanges.h"
+
+#include <algorithm>
+
+namespace tembrel {
+
+void ClipChanges::AddOverwrite(const ByteRange& range) {
+  if (range.start >= range.end) {
+    return;
+  }
+  if (!ranges.empty() && range.start <= ranges.back().end && range.end >= ranges.back().start) {
+    ranges.back().start = std::min(ranges.back().start, range.start);
+    ranges.back().end = std::max(ranges.back().end, range.end);
+    return;
+  }
+  ranges.push_back(range);
+}
+
+void ClipChanges::AddShift(std::int64_t offset) {
+  shiftedFrom = std::min(shiftedFrom.value_or(offset), offset);
+}
+
+}  // namespace tembrel

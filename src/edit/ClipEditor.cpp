@@ -1,0 +1,303 @@
+#include "edit/ClipEditor.h"
+
+#include <algorithm>
+#include <cstring>
+#include <ranges>
+#include <utility>
+
+namespace tembrel {
+
+namespace {
+
+constexpr const char* kNoMemory = "There is not enough memory for this. Nothing was changed.";
+constexpr const char* kOutside = "This reaches beyond the sound. Nothing was changed.";
+
+bool LiesWithin(std::uint64_t offset, std::uint64_t length, std::uint64_t size) {
+  return offset <= size && length <= size - offset;
+}
+
+// The stretches of live bytes within [offset, end) that any of the versions consists of, joined and in order.
+std::vector<ByteRange> NeededRanges(const std::vector<std::shared_ptr<ClipVersion>>& versions,
+                                    std::uint64_t offset, std::uint64_t end) {
+  std::vector<ByteRange> found;
+  for (const auto& version : versions) {
+    for (const ClipPiece& piece : version->pieces) {
+      const std::uint64_t from = std::max(piece.offset, offset);
+      const std::uint64_t to = std::min(piece.End(), end);
+      if (piece.saved == nullptr && from < to) {
+        found.push_back({static_cast<std::int64_t>(from), static_cast<std::int64_t>(to)});
+      }
+    }
+  }
+  std::ranges::sort(found, {}, &ByteRange::start);
+  std::vector<ByteRange> joined;
+  for (const ByteRange& range : found) {
+    if (!joined.empty() && range.start <= joined.back().end) {
+      joined.back().end = std::max(joined.back().end, range.end);
+    } else {
+      joined.push_back(range);
+    }
+  }
+  return joined;
+}
+
+std::uint64_t TotalOf(const std::vector<ByteRange>& ranges) {
+  std::uint64_t total = 0;
+  for (const ByteRange& range : ranges) {
+    total += static_cast<std::uint64_t>(range.end - range.start);
+  }
+  return total;
+}
+
+}  // namespace
+
+std::optional<std::span<std::byte>> ClipEditor::Overwrite(std::uint64_t offset, std::uint64_t length) {
+  if (!LiesWithin(offset, length, clip.dataSize)) {
+    refusalText = kOutside;
+    return std::nullopt;
+  }
+  Preserve(offset, length);
+  changes.AddOverwrite({static_cast<std::int64_t>(offset), static_cast<std::int64_t>(offset + length)});
+  return clip.Bytes().subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(length));
+}
+
+std::optional<std::span<std::byte>> ClipEditor::Splice(std::uint64_t offset, std::uint64_t oldLength,
+                                                       std::uint64_t newLength) {
+  if (!LiesWithin(offset, oldLength, clip.dataSize)) {
+    refusalText = kOutside;
+    return std::nullopt;
+  }
+  const std::uint64_t remaining = clip.dataSize - oldLength;
+  if (newLength > memory.largestClip || !FitsIn(remaining + newLength) || !Grow(remaining + newLength)) {
+    return std::nullopt;
+  }
+  Preserve(offset, oldLength);
+  MoveTail(offset, oldLength, newLength);
+  Trim();
+  return clip.Bytes().subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(newLength));
+}
+
+bool ClipEditor::ReplaceAll(MemoryBlock data, std::uint64_t size, const WaveFormat& format) {
+  if (size > data.Size()) {
+    refusalText = kOutside;
+    return false;
+  }
+  if (!FitsIn(size)) {
+    return false;
+  }
+  const auto old = std::make_shared<SavedBytes>(std::exchange(clip.data, std::move(data)));
+  RelocateAll({{nullptr, 0, clip.dataSize, old, 0}});
+  clip.dataSize = static_cast<std::uint32_t>(size);
+  clip.format = format;
+  changes.AddAll();
+  Trim();
+  return true;
+}
+
+std::optional<MemoryBlock> ClipEditor::Allocate(std::uint64_t size) {
+  std::optional<MemoryBlock> block = memory.allocate(static_cast<std::size_t>(size));
+  if (!block) {
+    refusalText = kNoMemory;
+  }
+  return block;
+}
+
+std::vector<ClipEditor::Patch> ClipEditor::PatchesTo(const ClipVersion& version, std::uint64_t liveSize) {
+  std::vector<Patch> patches;
+  Patch patch;
+  const auto endAt = [&](std::uint64_t next, std::uint64_t following) {
+    patch.oldLength = next - patch.offset;
+    if (patch.oldLength > 0 || patch.newLength > 0) {
+      patches.push_back(std::move(patch));
+    }
+    patch = {.offset = following, .oldLength = 0, .newLength = 0, .pieces = {}};
+  };
+  for (const ClipPiece& piece : version.pieces) {
+    if (piece.saved == nullptr) {
+      endAt(piece.offset, piece.End());
+    } else {
+      patch.newLength += piece.length;
+      patch.pieces.push_back(piece);
+    }
+  }
+  endAt(liveSize, liveSize);
+  return patches;
+}
+
+bool ClipEditor::ReserveFor(const ClipVersion& version) {
+  if (IsWholeBlock(version)) {
+    return true;
+  }
+  std::uint64_t size = clip.dataSize;
+  std::uint64_t largest = size;
+  for (const Patch& patch : std::views::reverse(PatchesTo(version, clip.dataSize))) {
+    size = size - patch.oldLength + patch.newLength;
+    largest = std::max(largest, size);
+  }
+  return Grow(largest);
+}
+
+void ClipEditor::Restore(const std::shared_ptr<ClipVersion>& version) {
+  restoring = version;
+  if (IsWholeBlock(*version)) {
+    ExchangeBlocks(*version);
+  } else {
+    // From the end to the start: a patch that changes the length moves nothing that is still to be patched.
+    std::vector<Relocation> moves;
+    for (const Patch& patch : std::views::reverse(PatchesTo(*version, clip.dataSize))) {
+      if (patch.oldLength == patch.newLength) {
+        Exchange(patch, moves);
+      } else {
+        RelocateAll(std::exchange(moves, {}));
+        Replace(patch);
+      }
+    }
+    RelocateAll(std::move(moves));
+  }
+  if (clip.format != version->format) {
+    clip.format = version->format;
+    changes.AddAll();
+  }
+  Trim();
+  restoring.reset();
+}
+
+// True when the version is one saved block from its first to its last byte, or empty: blocks can change
+// places.
+bool ClipEditor::IsWholeBlock(const ClipVersion& version) {
+  if (version.pieces.empty()) {
+    return true;
+  }
+  const ClipPiece& first = version.pieces.front();
+  return first.saved != nullptr && first.offset == 0 && first.length == version.dataSize &&
+         first.saved->block.Size() == first.length;
+}
+
+void ClipEditor::ExchangeBlocks(const ClipVersion& version) {
+  const std::uint32_t newSize = version.dataSize;
+  const auto saved = newSize == 0 ? std::make_shared<SavedBytes>() : version.pieces.front().saved;
+  std::swap(clip.data, saved->block);
+  RelocateAll({{nullptr, 0, clip.dataSize, saved, 0}, {saved, 0, newSize, nullptr, 0}});
+  clip.dataSize = newSize;
+  changes.AddAll();
+}
+
+// The patch's bytes and the live ones change places: no memory is needed, none is freed.
+void ClipEditor::Exchange(const Patch& patch, std::vector<Relocation>& moves) {
+  std::uint64_t at = patch.offset;
+  for (const ClipPiece& piece : patch.pieces) {
+    std::byte* const live = clip.data.Data() + at;
+    std::swap_ranges(live, live + piece.length, piece.saved->block.Data() + piece.offset);
+    moves.push_back({nullptr, at, piece.length, piece.saved, piece.offset});
+    moves.push_back({piece.saved, piece.offset, piece.length, nullptr, at});
+    at += piece.length;
+  }
+  changes.AddOverwrite({static_cast<std::int64_t>(patch.offset), static_cast<std::int64_t>(at)});
+}
+
+void ClipEditor::Replace(const Patch& patch) {
+  Preserve(patch.offset, patch.oldLength);
+  MoveTail(patch.offset, patch.oldLength, patch.newLength);
+  std::vector<Relocation> moves;
+  std::uint64_t at = patch.offset;
+  for (const ClipPiece& piece : patch.pieces) {
+    std::memcpy(clip.data.Data() + at, piece.saved->block.Data() + piece.offset,
+                static_cast<std::size_t>(piece.length));
+    moves.push_back({piece.saved, piece.offset, piece.length, nullptr, at});
+    at += piece.length;
+  }
+  RelocateAll(std::move(moves));
+}
+
+// Puts aside what versions need of these live bytes. Without memory for that, versions go until nothing is
+// needed any more.
+void ClipEditor::Preserve(std::uint64_t offset, std::uint64_t length) {
+  for (;;) {
+    const std::vector<ByteRange> needed = NeededRanges(Versions(), offset, offset + length);
+    const std::uint64_t total = TotalOf(needed);
+    if (total == 0) {
+      return;
+    }
+    std::optional<MemoryBlock> block = memory.allocate(static_cast<std::size_t>(total));
+    if (!block) {
+      if (keeper.ForgetOldest()) {
+        continue;
+      }
+      return;
+    }
+    const auto saved = std::make_shared<SavedBytes>(std::move(*block));
+    std::vector<Relocation> moves;
+    std::uint64_t at = 0;
+    for (const ByteRange& range : needed) {
+      const auto start = static_cast<std::uint64_t>(range.start);
+      const auto size = static_cast<std::uint64_t>(range.end - range.start);
+      std::memcpy(saved->block.Data() + at, clip.data.Data() + start, static_cast<std::size_t>(size));
+      moves.push_back({nullptr, start, size, saved, at});
+      at += size;
+    }
+    RelocateAll(std::move(moves));
+    return;
+  }
+}
+
+void ClipEditor::MoveTail(std::uint64_t offset, std::uint64_t oldLength, std::uint64_t newLength) {
+  if (oldLength == newLength) {
+    changes.AddOverwrite({static_cast<std::int64_t>(offset), static_cast<std::int64_t>(offset + newLength)});
+    return;
+  }
+  const std::uint64_t tail = offset + oldLength;
+  if (tail < clip.dataSize) {
+    std::memmove(clip.data.Data() + offset + newLength, clip.data.Data() + tail,
+                 static_cast<std::size_t>(clip.dataSize - tail));
+  }
+  const auto distance = static_cast<std::int64_t>(newLength) - static_cast<std::int64_t>(oldLength);
+  for (const auto& version : Versions()) {
+    version->Shift(tail, distance);
+  }
+  clip.dataSize = static_cast<std::uint32_t>(clip.dataSize - oldLength + newLength);
+  changes.AddShift(static_cast<std::int64_t>(offset));
+}
+
+void ClipEditor::RelocateAll(std::vector<Relocation> moves) {
+  if (moves.empty()) {
+    return;
+  }
+  SortRelocations(moves);
+  for (const auto& version : Versions()) {
+    version->Relocate(moves);
+  }
+}
+
+// Gives back what the block has beyond the sound. Where that fails the block just stays too long.
+void ClipEditor::Trim() {
+  if (clip.data.Size() > clip.dataSize) {
+    memory.resize(clip.data, clip.dataSize);
+  }
+}
+
+bool ClipEditor::FitsIn(std::uint64_t newSize) {
+  if (newSize <= memory.largestClip) {
+    return true;
+  }
+  refusalText = "The sound would become larger than " + std::to_string(memory.largestClip) +
+                " bytes, the most that a WAVE file holds. Nothing was changed.";
+  return false;
+}
+
+bool ClipEditor::Grow(std::uint64_t newSize) {
+  if (newSize <= clip.data.Size() || memory.resize(clip.data, static_cast<std::size_t>(newSize))) {
+    return true;
+  }
+  refusalText = kNoMemory;
+  return false;
+}
+
+std::vector<std::shared_ptr<ClipVersion>> ClipEditor::Versions() const {
+  std::vector<std::shared_ptr<ClipVersion>> versions = keeper.Versions();
+  if (restoring && std::ranges::find(versions, restoring) == versions.end()) {
+    versions.push_back(restoring);
+  }
+  return versions;
+}
+
+}  // namespace tembrel

@@ -1,0 +1,101 @@
+// The only way an edit writes into a clip. Before bytes change, those that an undo step still needs are put
+// aside, so the cost of undo is what an edit changes and not what it could have changed.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "audio/AudioClip.h"
+#include "edit/ClipChanges.h"
+#include "edit/ClipVersion.h"
+#include "edit/EditMemory.h"
+
+namespace tembrel {
+
+// Whoever keeps versions of a clip that is being changed.
+class VersionKeeper {
+ public:
+  virtual ~VersionKeeper() = default;
+  // Every version kept, each once.
+  virtual std::vector<std::shared_ptr<ClipVersion>> Versions() const = 0;
+  // Memory is short: gives up the version that is missed least. False when there is none left.
+  virtual bool ForgetOldest() = 0;
+
+ protected:
+  VersionKeeper() = default;
+  VersionKeeper(const VersionKeeper&) = default;
+  VersionKeeper& operator=(const VersionKeeper&) = default;
+};
+
+// A refused call changes nothing, and RefusalText() says why. Memory for versions never stands in the way of
+// a change: where it is short, versions are given up, in the end all of them.
+class ClipEditor {
+ public:
+  // All three outlive the editor, which lives for one edit.
+  ClipEditor(AudioClip& editedClip, VersionKeeper& versionKeeper, const EditMemory& editMemory)
+      : clip(editedClip), keeper(versionKeeper), memory(editMemory) {}
+
+  const AudioClip& Clip() const { return clip; }
+
+  // The clip's bytes [offset, offset + length), to be changed in place; they hold their old values. Refused
+  // when they are not all within the clip.
+  std::optional<std::span<std::byte>> Overwrite(std::uint64_t offset, std::uint64_t length);
+
+  // Replaces [offset, offset + oldLength) by newLength bytes of undefined content, which are returned to be
+  // filled; what stood behind stands behind the new bytes. Ends spans given out before. Refused when the
+  // range is not within the clip, the clip would become too large, or there is no memory.
+  std::optional<std::span<std::byte>> Splice(std::uint64_t offset, std::uint64_t oldLength,
+                                             std::uint64_t newLength);
+
+  // Makes the first `size` bytes of `data` the clip's sound and `format` its record. Refused when the clip
+  // would become too large.
+  bool ReplaceAll(MemoryBlock data, std::uint64_t size, const WaveFormat& format);
+
+  // Gets the memory that Restore will need; without it the clip stays as it is.
+  bool ReserveFor(const ClipVersion& version);
+  // Makes the clip what the version says, after ReserveFor. The version must be a state of this clip.
+  void Restore(const std::shared_ptr<ClipVersion>& version);
+
+  // A block for the edit's own use; refused when there is no memory.
+  std::optional<MemoryBlock> Allocate(std::uint64_t size);
+
+  // What all calls so far changed.
+  const ClipChanges& Changes() const { return changes; }
+  // Why the last refused call was refused: a sentence or two for a person.
+  const std::string& RefusalText() const { return refusalText; }
+
+ private:
+  // Bytes [offset, offset + oldLength) of the live clip that become the pieces.
+  struct Patch {
+    std::uint64_t offset = 0;
+    std::uint64_t oldLength = 0;
+    std::uint64_t newLength = 0;
+    std::vector<ClipPiece> pieces;
+  };
+
+  static std::vector<Patch> PatchesTo(const ClipVersion& version, std::uint64_t liveSize);
+  static bool IsWholeBlock(const ClipVersion& version);
+  void ExchangeBlocks(const ClipVersion& version);
+  void Exchange(const Patch& patch, std::vector<Relocation>& moves);
+  void Replace(const Patch& patch);
+  void Preserve(std::uint64_t offset, std::uint64_t length);
+  void MoveTail(std::uint64_t offset, std::uint64_t oldLength, std::uint64_t newLength);
+  void RelocateAll(std::vector<Relocation> moves);
+  void Trim();
+  bool FitsIn(std::uint64_t newSize);
+  bool Grow(std::uint64_t newSize);
+  std::vector<std::shared_ptr<ClipVersion>> Versions() const;
+
+  AudioClip& clip;
+  VersionKeeper& keeper;
+  const EditMemory& memory;
+  std::shared_ptr<ClipVersion> restoring;
+  ClipChanges changes;
+  std::string refusalText;
+};
+
+}  // namespace tembrel

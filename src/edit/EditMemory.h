@@ -1,0 +1,23 @@
+// Where editing gets the memory for sound from, and how large a clip may grow. Tests give one that fails.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "platform/MemoryBlock.h"
+
+namespace tembrel {
+
+// The most bytes of sound that a WAVE file can hold with its headers and pad byte (FitsInWaveFile).
+inline constexpr std::uint64_t kLargestClip = 4294967258U;
+
+struct EditMemory {
+  std::function<std::optional<MemoryBlock>(std::size_t size)> allocate = MemoryBlock::Allocate;
+  std::function<bool(MemoryBlock& block, std::size_t newSize)> resize =
+      [](MemoryBlock& block, std::size_t newSize) { return block.Resize(newSize); };
+  std::uint64_t largestClip = kLargestClip;  // bytes
+};
+
+}  // namespace tembrel
