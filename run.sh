@@ -47,7 +47,9 @@ save_screenshot() {
     return 1
   fi
   rm -f "$picture"
-  QT_QPA_PLATFORM=xcb timeout 300 "$build/bin/tembrel-qt" --screenshot "$picture" "$@" || status=$?
+  mkdir -p "$build/runtime"
+  chmod 700 "$build/runtime"
+  QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$build/runtime} timeout 120 "$build/bin/tembrel-qt" --screenshot "$picture" "$@" || status=$?
   if [ "$status" -ne 0 ] || [ ! -s "$picture" ]; then
     printf 'The editor ended with status %s and left no picture.\n' "$status" >&2
     return 1

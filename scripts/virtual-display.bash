@@ -5,9 +5,9 @@
 # stop_virtual_display. Fails, with DISPLAY unchanged, when the server does not come up within 30 seconds.
 start_virtual_display() {
   local number
-  # The server names the display it took once it accepts connections.
+  # The server names the display it took once it accepts connections. It ends with this shell, however that ends.
   exec {virtualDisplayPipe}< <(
-    exec Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp -noreset 3>&1 >/dev/null 2>&1 </dev/null
+    exec setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp -noreset 3>&1 >/dev/null 2>&1 </dev/null
   )
   virtualDisplayPid=$!
   if ! read -r -t 30 -u "$virtualDisplayPipe" number || [ -z "$number" ]; then

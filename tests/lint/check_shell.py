@@ -19,7 +19,8 @@ def problems(root):
     if not scripts:
         return ["no shell scripts"]
     commands = [["bash", "-n", script] for script in scripts]
-    commands.append(["shellcheck", "--external-sources", "--source-path=SCRIPTDIR", *scripts])
+    # SC2119 takes optional arguments for forgotten ones.
+    commands.append(["shellcheck", "--exclude=SC2119", "--external-sources", "--source-path=SCRIPTDIR", *scripts])
     runs = [subprocess.run(command, cwd=root, capture_output=True, text=True, check=False) for command in commands]
     return [run.stdout + run.stderr for run in runs if run.returncode != 0]
 
