@@ -20,6 +20,13 @@ constexpr std::array kStrings{
     StringRow{kStringOpenFilter,
               "Audio files |*.wav;*.mp3;*.ogg;*.aiff;*.cdr|Wave files (*.wav)|*.wav|MP3 files (*.mp3)|*.mp3|"
               "Ogg Vorbis files (*.ogg)|*.ogg|AIFF files (*.aiff)|*.aiff|CDR files (*.cdr)|*.cdr|"},
+    StringRow{kStringToolTips + 33, "Play"},
+    StringRow{kStringToolTips + 34, "Stop"},
+    StringRow{kStringToolTips + 35, "Pause"},
+    StringRow{kStringToolTips + 36, "Record"},
+    StringRow{kStringToolTips + 37, "Time Display"},
+    StringRow{kStringToolTips + 45, "Rewind"},
+    StringRow{kStringToolTips + 46, "Move In Time"},
     StringRow{kStringSaveWarning, "The given file extension will be changed to .WAV."},
     StringRow{kStringSaveTitle, "Save"},
     StringRow{kStringLeavingTitle, "Leaving Corvane"},

@@ -8,6 +8,7 @@ namespace tembrel {
 inline constexpr int kStringWaveFilter = 3;     // filter of the recording save dialog
 inline constexpr int kStringSaveFilter = 4;     // filter of Save As, one entry a format
 inline constexpr int kStringOpenFilter = 5;     // filter of Open
+inline constexpr int kStringToolTips = 800;     // plus the number of the tool tip
 inline constexpr int kStringSaveWarning = 908;  // a recording's extension will be changed
 inline constexpr int kStringSaveTitle = 1003;
 inline constexpr int kStringLeavingTitle = 1014;  // title of the save prompt

@@ -2,14 +2,12 @@
 
 #include <algorithm>
 
+#include "view/LevelRows.h"
 #include "view/TimeStep.h"
 
 namespace tembrel {
 
 namespace {
-
-constexpr std::int64_t kLevelLines = 11;
-constexpr std::int64_t kCentreLine = 5;
 
 class GridBuilder {
  public:
@@ -22,12 +20,11 @@ class GridBuilder {
     }
   }
 
-  // The level lines of one channel `height` high; its first line lies half a spacing below `top`.
-  void AddLevels(std::int64_t top, std::int64_t height) {
-    for (std::int64_t i = 0; i < kLevelLines; ++i) {
-      const std::int64_t y = i * height / kLevelLines + height / kLevelLines / 2 + top;
+  void AddLevels(const LevelRows& rows, int channel) {
+    for (int level = 0; level < kLevelLines; ++level) {
+      const std::int64_t y = rows.RowOf(channel, level, kGridOffset);
       if (y < area.height) {
-        Add(i == kCentreLine ? Layer::Centre : Layer::Grid, 0, y, area.width - 1, y);
+        Add(level == kCentreLevel ? Layer::Centre : Layer::Grid, 0, y, area.width - 1, y);
       }
     }
   }
@@ -54,16 +51,12 @@ std::vector<LayerLine> GridLines(const PaintArea& area, bool stereo, std::uint32
     return {};
   }
   GridBuilder grid(area);
+  const LevelRows rows(area, stereo);
   if (stereo) {
-    const std::int64_t half = area.height / 2;
-    const std::int64_t channel = std::max<std::int64_t>(half - area.Scaled(6), 0);
-    const std::int64_t margin = area.Scaled(3);
-    const std::int64_t inset = channel / kLevelLines / 2;
-    grid.AddBand(channel * 10 / kLevelLines + inset + margin, inset + half + margin);
-    grid.AddLevels(margin, channel);
-    grid.AddLevels(half + margin, channel);
-  } else {
-    grid.AddLevels(0, area.height);
+    grid.AddBand(rows.RowOf(0, kLevelLines - 1, kGridOffset), rows.RowOf(1, 0, kGridOffset));
+  }
+  for (int channel = 0; channel < rows.Channels(); ++channel) {
+    grid.AddLevels(rows, channel);
   }
   const TimeView view{rate, first, framesOnScreen, area.width, area.LogicalWidth()};
   for (const TimeMark& mark : MarksOf(view).marks) {

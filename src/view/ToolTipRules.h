@@ -51,7 +51,7 @@ class ToolTipRules {
     int x = 0;
     int y = 0;
   };
-  void Act(const Request& request);
+  void Act();
   void PutUp();
   void Hide();
 

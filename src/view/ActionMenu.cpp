@@ -1,0 +1,75 @@
+#include "view/ActionMenu.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tembrel {
+
+namespace {
+
+struct ActionRow {
+  std::string_view text;
+  int id;
+};
+
+constexpr std::array kActions{
+    ActionRow{"&Cut", kActionCut},
+    ActionRow{"Co&py", kActionCopy},
+    ActionRow{"&Insert", kActionInsert},
+    ActionRow{"&Amplify...", kActionAmplify},
+    ActionRow{"Si&lence", kActionSilence},
+    ActionRow{"Fade &In", kActionFadeIn},
+    ActionRow{"Fade &Out", kActionFadeOut},
+    ActionRow{"&Normalize", kActionNormalize},
+    ActionRow{"&Compress", kActionCompress},
+    ActionRow{"&Reverb", kActionReverb},
+    ActionRow{"&Filter...", kActionFilter},
+    ActionRow{"Remove N&oise", kActionRemoveNoise},
+    ActionRow{"&Duration...", kActionDuration},
+    ActionRow{"&Pitch...", kActionPitch},
+};
+
+ActionItem Item(std::string_view text, int id) {
+  return {std::string(text), id, IsActionBuilt(id), {}};
+}
+
+// A name is shown letter by letter: its '&' must not mark a key.
+std::string Plain(std::string_view name) {
+  std::string text;
+  for (const char letter : name) {
+    text.append(letter == '&' ? 2 : 1, letter);
+  }
+  return text;
+}
+
+ActionItem PluginMenu(std::span<const std::string> names) {
+  ActionItem menu{"&VST Plugins...", 0, true, {}};
+  const std::size_t count = std::min(names.size(), std::size_t{kMaxPluginActions});
+  int id = kActionFirstPlugin;
+  for (const std::string& name : names.first(count)) {
+    menu.popup.push_back(Item(Plain(name), id));
+    ++id;
+  }
+  return menu;
+}
+
+}  // namespace
+
+bool IsActionBuilt(int id) {
+  return id == kActionCut || id == kActionCopy || id == kActionInsert;
+}
+
+std::vector<ActionItem> ActionMenu(std::span<const std::string> pluginNames) {
+  std::vector<ActionItem> items;
+  for (const auto& [text, id] : kActions) {
+    items.push_back(Item(text, id));
+  }
+  if (!pluginNames.empty()) {
+    items.push_back(PluginMenu(pluginNames));
+  }
+  items.push_back(Item("&Play", kActionPlay));
+  return items;
+}
+
+}  // namespace tembrel
