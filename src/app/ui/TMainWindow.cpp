@@ -19,18 +19,22 @@
 
 #include "app/AcceleratorTable.h"
 #include "app/CommandTable.h"
+#include "app/ui/FrameMenuBar.h"
 #include "app/ui/HelpWindow.h"
 #include "app/ui/StatusGadgets.h"
+#include "app/ui/TopStrip.h"
 #include "app/ui/VAboutDialog.h"
 #include "app/ui/tembrelMDIClient.h"
 #include "view/ui/CountWin.h"
-#include "view/ui/GrayStatic.h"
+#include "view/ui/ScrollerWindow.h"
+#include "view/ui/ToolTipWindow.h"
 
 namespace tembrel {
 
 namespace {
 
 constexpr QSize kFirstSize(960, 640);
+constexpr int kEditMenuIndex = 1;  // highlighted while the view's action menu is open
 
 QString ToText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -59,7 +63,8 @@ TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts*
       paths(std::move(programPaths)),
       client(
           new tembrelMDIClient(paths, std::move(store), questions == nullptr ? prompts : *questions, this)),
-      gadgets(new StatusGadgets(statusBar())) {
+      gadgets(new StatusGadgets(statusBar())),
+      frameMenuBar(new FrameMenuBar(this)) {
   setObjectName("TMainWindow");
   setWindowTitle("Tembrel");
   setWindowIcon(QIcon(":/tembrel.svg"));
@@ -68,6 +73,7 @@ TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts*
   statusBar()->setSizeGripEnabled(true);
   client->setBackground(palette().brush(QPalette::Dark));
   setCentralWidget(client);
+  setMenuBar(frameMenuBar);
   CreateMenus();
   CreateAccelerators();
   CreateTopStrip();
@@ -78,8 +84,9 @@ TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts*
   connect(client, &tembrelMDIClient::helpRequested, this, &TMainWindow::ShowHelp);
   connect(client, &tembrelMDIClient::statusTextsChanged, this,
           [this](const StatusTexts& texts) { gadgets->Show(texts); });
-  connect(client, &tembrelMDIClient::counterChanged, this,
-          [this](qint64 frame, qint64 rate) { counter->Update(frame, rate); });
+  connect(client, &tembrelMDIClient::actionMenuOpening, this,
+          [this] { frameMenuBar->Highlight(frameMenuBar->actions().at(kEditMenuIndex)); });
+  connect(client, &tembrelMDIClient::actionMenuClosed, this, [this] { frameMenuBar->Highlight(nullptr); });
 }
 
 // The client writes the settings while the rest of the window still stands.
@@ -100,7 +107,7 @@ QAction* TMainWindow::CommandAction(int id) {
 
 void TMainWindow::CreateMenus() {
   for (const Menu& menu : MainMenu()) {
-    QMenu* created = menuBar()->addMenu(ToText(menu.text));
+    QMenu* created = frameMenuBar->addMenu(ToText(menu.text));
     FillMenu(created, menu.items);
     connect(created, &QMenu::aboutToShow, this, &TMainWindow::RefreshCommands);
     if (menu.tail == MenuTail::RecentFiles) {
@@ -144,9 +151,10 @@ void TMainWindow::CreateTopStrip() {
   bar->toggleViewAction()->setEnabled(false);
   bar->setContextMenuPolicy(Qt::PreventContextMenu);
   bar->layout()->setContentsMargins(0, 0, 0, 0);
-  auto* strip = new GrayStatic(bar);
-  counter = new CountWin(strip);
-  counter->move(GrayStatic::kCounterX, (GrayStatic::kHeight - counter->height()) / 2);
+  strip = new TopStrip(new ToolTipWindow(this), bar);
+  connect(strip, &TopStrip::scrollRequested, client, &tembrelMDIClient::ScrollActive);
+  connect(client, &tembrelMDIClient::positionChanged, strip->Scroller(), &ScrollerWindow::SetPosition);
+  connect(client, &tembrelMDIClient::counterChanged, strip->Counter(), &CountWin::Update);
   bar->addWidget(strip);
   addToolBar(Qt::TopToolBarArea, bar);
 }
@@ -194,6 +202,7 @@ void TMainWindow::RebuildWindowList() {
 }
 
 void TMainWindow::RefreshCommands() {
+  strip->EnablePosition(client->ActiveDocument() != nullptr);
   for (auto it = actions.cbegin(); it != actions.cend(); ++it) {
     const bool consumed = std::ranges::find(ConsumedCommands(), it.key()) != ConsumedCommands().end();
     it.value()->setEnabled(consumed || client->IsCommandEnabled(it.key()));

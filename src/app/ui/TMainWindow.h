@@ -14,8 +14,9 @@ class QMenu;
 
 namespace tembrel {
 
-class CountWin;
+class FrameMenuBar;
 class StatusGadgets;
+class TopStrip;
 class tembrelMDIClient;
 
 class TMainWindow : public QMainWindow {
@@ -49,7 +50,8 @@ class TMainWindow : public QMainWindow {
   ProgramPaths paths;
   tembrelMDIClient* client;
   StatusGadgets* gadgets;
-  CountWin* counter = nullptr;
+  FrameMenuBar* frameMenuBar;
+  TopStrip* strip = nullptr;
   QMenu* fileMenu = nullptr;
   QMenu* windowMenu = nullptr;
   QHash<int, QAction*> actions;

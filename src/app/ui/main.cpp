@@ -16,7 +16,8 @@ constexpr std::string_view kUsage =
 int main(int argc, char** argv) {
   const std::string_view only = argc == 2 ? argv[1] : "";
   if (only == "--version") {
-    std::cout << "Tembrel " << tembrel::CVersionInfo().Value(tembrel::VersionKey::FileVersion).value_or("") << "\n";
+    std::cout << "Tembrel " << tembrel::CVersionInfo().Value(tembrel::VersionKey::FileVersion).value_or("")
+              << "\n";
     return 0;
   }
   if (only == "--help") {

@@ -20,6 +20,9 @@
 #include "document/StringTable.h"
 #include "document/ui/AudioWin.h"
 #include "document/ui/tembrelMDIChild.h"
+#include "edit/ClipEdits.h"
+#include "view/ActionMenu.h"
+#include "view/ui/AudioEditWindow.h"
 
 namespace tembrel {
 
@@ -46,7 +49,7 @@ tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore setti
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   connect(this, &QMdiArea::subWindowActivated, this, [this] {
-    ShowActiveStatus();
+    ShowActiveState();
     Q_EMIT stateChanged();
   });
 }
@@ -119,7 +122,13 @@ AudioWin* tembrelMDIClient::ActiveDocument() const {
 CommandContext tembrelMDIClient::Context() const {
   CommandContext context;
   context.documentCount = documentCount;
-  context.activeAudioDocument = ActiveDocument() != nullptr;
+  context.clipboardHasData = clipboard.HasData();
+  if (AudioWin* active = ActiveDocument()) {
+    context.activeAudioDocument = true;
+    context.canUndo = active->Doc().CanUndo();
+    context.canRedo = active->Doc().CanRedo();
+    context.lastRangeRemembered = active->EditWindow()->View().HasLastRange();
+  }
   return context;
 }
 
@@ -135,7 +144,81 @@ void tembrelMDIClient::RunCommand(int id) {
   }
 }
 
+// The commands that work on the active document's sound; false for all others.
+bool tembrelMDIClient::ExecuteEdit(CommandHandler handler) {
+  AudioWin* active = ActiveDocument();
+  if (active == nullptr) {
+    return false;
+  }
+  const std::int64_t cursor = active->EditWindow()->View().CursorFrame();
+  switch (handler) {
+    case CommandHandler::Undo:
+      Say(active->Doc().Undo());
+      return true;
+    case CommandHandler::Redo:
+      Say(active->Doc().Redo());
+      return true;
+    case CommandHandler::PasteInsert:
+      Run(*active, PasteInsertEdit(clipboard, cursor));
+      return true;
+    case CommandHandler::PasteMerge:
+      Run(*active, PasteMergeEdit(clipboard, cursor));
+      return true;
+    case CommandHandler::PasteOverwrite:
+      Run(*active, PasteOverwriteEdit(clipboard, cursor));
+      return true;
+    case CommandHandler::SelectAll:
+      active->EditWindow()->SelectAll();
+      return true;
+    case CommandHandler::SelectLastRange:
+      active->EditWindow()->SelectLastRange();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void tembrelMDIClient::RunAction(AudioWin& window, int command) {
+  const EditView& view = window.EditWindow()->View();
+  const ByteRange selection{view.SelectionStart(), view.SelectionEnd()};
+  switch (command) {
+    case kActionCut:
+      return Run(window, CutEdit(selection, clipboard));
+    case kActionCopy:
+      return Run(window, CopyEdit(selection, clipboard));
+    case kActionInsert:
+      return Run(window, InsertSilenceEdit(selection));
+    default:
+      return;
+  }
+}
+
+void tembrelMDIClient::Run(AudioWin& window, const EditStep& step) {
+  Say(window.Doc().Edit(step));
+  Q_EMIT stateChanged();
+}
+
+void tembrelMDIClient::Say(const EditResult& result) {
+  if (result.done || result.message.empty()) {
+    return;
+  }
+  if (result.isMistake) {
+    prompts.Error(result.message);
+  } else {
+    prompts.Inform(result.message);
+  }
+}
+
+void tembrelMDIClient::ScrollActive(int code, int value) {
+  if (AudioWin* active = ActiveDocument()) {
+    active->EditWindow()->View().HorizontalScroll(static_cast<ScrollCode>(code), value);
+  }
+}
+
 void tembrelMDIClient::Execute(CommandHandler handler, int id) {
+  if (ExecuteEdit(handler)) {
+    return;
+  }
   switch (handler) {
     case CommandHandler::NewDocument:
       return NewDocument();
@@ -187,8 +270,7 @@ tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size)
       [this](AudioWin& asking) { return CanClose(asking.Doc(), prompts, [this] { return SaveActive(); }); },
       this);
   connect(child, &tembrelMDIChild::closing, this, &tembrelMDIClient::ChildClosing);
-  connect(window, &AudioWin::statusTextsChanged, this, &tembrelMDIClient::statusTextsChanged);
-  connect(window, &AudioWin::counterChanged, this, &tembrelMDIClient::counterChanged);
+  Listen(window);
   addSubWindow(child);
   child->resize(size.boundedTo(viewport()->size()));
   ++documentCount;
@@ -198,6 +280,20 @@ tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size)
     child->show();
   }
   return child;
+}
+
+void tembrelMDIClient::Listen(AudioWin* window) {
+  connect(window, &AudioWin::statusTextsChanged, this, &tembrelMDIClient::statusTextsChanged);
+  connect(window, &AudioWin::counterChanged, this, &tembrelMDIClient::counterChanged);
+  connect(window, &AudioWin::scrollBarChanged, this, &tembrelMDIClient::positionChanged);
+  connect(window, &AudioWin::edited, this, &tembrelMDIClient::stateChanged);
+  connect(window, &AudioWin::refused, this, &tembrelMDIClient::Say);
+  connect(window, &AudioWin::actionMenuOpening, this, &tembrelMDIClient::actionMenuOpening);
+  connect(window, &AudioWin::actionMenuClosed, this, [this, window](int command) {
+    Q_EMIT actionMenuClosed();
+    RunAction(*window, command);
+    Q_EMIT stateChanged();
+  });
 }
 
 tembrelMDIChild* tembrelMDIClient::NewChild(const QString& title) {
@@ -312,9 +408,9 @@ void tembrelMDIClient::ArrangeIcons() {
   }
 }
 
-void tembrelMDIClient::ShowActiveStatus() {
+void tembrelMDIClient::ShowActiveState() {
   if (AudioWin* active = ActiveDocument()) {
-    active->TellStatusTexts();
+    active->TellState();
   }
 }
 

@@ -15,6 +15,8 @@
 #include "audio/Settings.h"
 #include "document/Prompts.h"
 #include "document/StatusTexts.h"
+#include "edit/Clipboard.h"
+#include "edit/EditStep.h"
 
 namespace tembrel {
 
@@ -44,6 +46,9 @@ class tembrelMDIClient : public QMdiArea {
   void RunCommand(int id);
   bool IsCommandEnabled(int id) const;
 
+  // A horizontal scroll request of the top strip's controls, for the active document.
+  void ScrollActive(int code, int value);
+
   // The active document's window; null when there is none.
   AudioWin* ActiveDocument() const;
   const RecentFiles& Recent() const { return recentFiles; }
@@ -59,12 +64,20 @@ class tembrelMDIClient : public QMdiArea {
   void recentFilesChanged();
   void statusTextsChanged(const tembrel::StatusTexts& texts);
   void counterChanged(qint64 frame, qint64 rate);
+  // The active document's horizontal scroll position, 0 to 100.
+  void positionChanged(int percent);
+  void actionMenuOpening();
+  void actionMenuClosed();
   void exitRequested();
   void aboutRequested();
   void helpRequested();
 
  private:
   void Execute(CommandHandler handler, int id);
+  bool ExecuteEdit(CommandHandler handler);
+  void RunAction(AudioWin& window, int command);
+  void Run(AudioWin& window, const EditStep& step);
+  void Say(const EditResult& result);
   CommandContext Context() const;
   tembrelMDIChild* AddChild(AudioWin* window, const QSize& size);
   tembrelMDIChild* NewChild(const QString& title);
@@ -76,7 +89,8 @@ class tembrelMDIClient : public QMdiArea {
   void AddRecentFile(const std::filesystem::path& path);
   void ChildClosing();
   void ArrangeIcons();
-  void ShowActiveStatus();
+  void ShowActiveState();
+  void Listen(AudioWin* window);
   std::vector<tembrelMDIChild*> Children() const;
 
   ProgramPaths paths;
@@ -84,6 +98,7 @@ class tembrelMDIClient : public QMdiArea {
   Prompts& prompts;
   Settings settings;
   RecentFiles recentFiles;
+  Clipboard clipboard;
   long documentCount = 0;
   long long lastHandle = 0;
 };

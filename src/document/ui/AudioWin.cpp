@@ -2,13 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include <QEvent>
-#include <QPainter>
 #include <QToolButton>
 
+#include "view/ToolButtons.h"
+#include "view/WaveLines.h"
 #include "view/ui/AudioEditWindow.h"
+#include "view/ui/DecibalWin.h"
+#include "view/ui/RulerWindow.h"
 #include "view/ui/TMyScrollBar.h"
 #include "view/ui/ThemedIcon.h"
 
@@ -18,8 +22,13 @@ namespace {
 
 constexpr int kScrollBarId = 0x2100;
 constexpr int kBarSize = 17;
-constexpr int kBorder = 1;
 constexpr int kIconSize = 15;
+constexpr int kToolRow = 16;  // height of the tool buttons' row; the scroll bar begins below it
+constexpr int kViewTop = 55;
+
+QString ToText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 struct ZoomButtonRow {
   int id;
@@ -43,14 +52,64 @@ AudioWin::AudioWin(const ProgramPaths& paths, long long handle, QString shownTit
       editWindow(new AudioEditWindow(document, this)) {
   setObjectName("AudioWin");
   setFocusProxy(editWindow);
+  CreateToolButtons();
   CreateScrollBars();
   CreateZoomButtons();
+  CreateRulers();
+  ConnectView();
+  document.SetListener(this);
+  RefreshTitle();
+  LayOut();
+}
+
+void AudioWin::ConnectView() {
   connect(editWindow, &AudioEditWindow::focused, this, &AudioWin::TellStatusTexts);
   connect(editWindow, &AudioEditWindow::counterChanged, this, &AudioWin::counterChanged);
   connect(editWindow, &AudioEditWindow::cursorNotified, this, &AudioWin::cursorNotified);
+  connect(editWindow, &AudioEditWindow::scrollBarChanged, this, &AudioWin::scrollBarChanged);
   connect(editWindow, &AudioEditWindow::relayoutWanted, this, &AudioWin::LayOut);
-  RefreshTitle();
-  LayOut();
+  connect(editWindow, &AudioEditWindow::toolWanted, this, &AudioWin::ShowTool);
+  connect(editWindow, &AudioEditWindow::actionMenuOpening, this, &AudioWin::actionMenuOpening);
+  connect(editWindow, &AudioEditWindow::actionMenuClosed, this, &AudioWin::actionMenuClosed);
+  connect(editWindow, &AudioEditWindow::refused, this, &AudioWin::refused);
+  connect(editWindow, &AudioEditWindow::scrolled, this, [this] {
+    timeRuler->update();
+    sampleRuler->update();
+  });
+  connect(editWindow, &AudioEditWindow::mouseMoved, this, [this](qint64 frame) {
+    const std::optional<std::int64_t> shown = frame < 0 ? std::nullopt : std::optional<std::int64_t>(frame);
+    timeRuler->ShowMouse(shown);
+    sampleRuler->ShowMouse(shown);
+  });
+}
+
+void AudioWin::CreateRulers() {
+  amplitudeScale = new DecibalWin(this);
+  sampleRuler = new AudioSamplesWindow(editWindow->View(), this);
+  timeRuler = new AudioTimeWindow(editWindow->View(), document, this);
+}
+
+void AudioWin::CreateToolButtons() {
+  for (const ToolButton& tool : ToolButtons()) {
+    auto* button = new QToolButton(this);
+    button->setObjectName("CustomRadio2");
+    button->setProperty("controlId", tool.controlId);
+    button->setAccessibleName(ToText(tool.name));
+    button->setToolTip(ToText(tool.tip));
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setCheckable(true);
+    button->setAutoExclusive(true);
+    button->setIconSize({kIconSize, kIconSize});
+    const int index = tool.controlId - kFirstToolButton;
+    connect(button, &QToolButton::clicked, this, [this, index] { ShowTool(index); });
+    toolButtons << button;
+  }
+  toolButtons.at(kSelectionTool)->setChecked(true);
+}
+
+void AudioWin::ShowTool(int index) {
+  toolButtons.at(index)->setChecked(true);
+  editWindow->View().SetTool(index);
 }
 
 void AudioWin::CreateScrollBars() {
@@ -97,11 +156,25 @@ void AudioWin::RefreshIcons() {
   for (std::size_t i = 0; i < kZoomButtons.size(); ++i) {
     zoomButtons.at(static_cast<qsizetype>(i))->setIcon(ThemedIcon(kZoomButtons.at(i).icon, palette()));
   }
+  for (std::size_t i = 0; i < kToolCount; ++i) {
+    toolButtons.at(static_cast<qsizetype>(i))->setIcon(ThemedIcon(ToText(ToolButtons()[i].icon), palette()));
+  }
 }
 
 void AudioWin::ShowLoadedDocument() {
   editWindow->ShowSound();
+  amplitudeScale->ShowStereo(document.Clip() != nullptr && DrawsAsStereo(document.Clip()->format));
   TellStatusTexts();
+}
+
+void AudioWin::SoundChanged(bool lengthsRefreshed) {
+  editWindow->SoundEdited(lengthsRefreshed);
+  amplitudeScale->ShowStereo(document.Clip() != nullptr && DrawsAsStereo(document.Clip()->format));
+  if (lengthsRefreshed) {
+    TellStatusTexts();
+  }
+  RefreshTitle();
+  Q_EMIT edited();
 }
 
 void AudioWin::TellStatusTexts() {
@@ -112,6 +185,15 @@ void AudioWin::TellStatusTexts() {
   }
 }
 
+void AudioWin::TellState() {
+  const EditView& view = editWindow->View();
+  const AudioClip* clip = document.Clip();
+  TellStatusTexts();
+  Q_EMIT counterChanged(view.CursorFrame(),
+                        clip == nullptr ? -1 : static_cast<qint64>(clip->format.nSamplesPerSec));
+  Q_EMIT scrollBarChanged(horizontalScrollBar->value());
+}
+
 void AudioWin::RefreshTitle() {
   QString shown = title;
   setWindowTitle(shown.replace("[*]", "[*][*]") + "[*]");
@@ -119,27 +201,27 @@ void AudioWin::RefreshTitle() {
 }
 
 void AudioWin::LayOut() {
-  const int buttons = static_cast<int>(zoomButtons.size()) * kBarSize;
-  const int right = width() - kBarSize;
-  horizontalScrollBar->setGeometry(0, 0, std::max(0, width() - buttons), kBarSize);
-  for (int i = 0; i < static_cast<int>(zoomButtons.size()); ++i) {
-    zoomButtons.at(i)->setGeometry(width() - buttons + i * kBarSize, 0, kBarSize, kBarSize);
+  const int zoomWidth = static_cast<int>(zoomButtons.size()) * kBarSize;
+  for (int i = 0; i < static_cast<int>(toolButtons.size()); ++i) {
+    toolButtons.at(i)->setGeometry(i * kBarSize, 0, kBarSize, kToolRow);
   }
-  verticalScrollBar->setGeometry(right, kBarSize, kBarSize, std::max(0, height() - kBarSize));
+  horizontalScrollBar->setGeometry(-1, kToolRow, std::max(0, width() - zoomWidth + 1), kBarSize);
+  for (int i = 0; i < static_cast<int>(zoomButtons.size()); ++i) {
+    zoomButtons.at(i)->setGeometry(width() - zoomWidth + i * kBarSize, kToolRow, kBarSize, kBarSize);
+  }
+  const int viewHeight = std::max(0, height() - kViewTop - RulerWindow::kHeight);
+  const int viewLeft = DecibalWin::kWidth - 1;
+  const int viewWidth = std::max(0, width() - kBarSize - viewLeft);
+  amplitudeScale->setGeometry(-1, kViewTop, DecibalWin::kWidth, viewHeight);
+  sampleRuler->setGeometry(viewLeft, kViewTop - RulerWindow::kHeight, viewWidth, RulerWindow::kHeight);
+  timeRuler->setGeometry(viewLeft, kViewTop + viewHeight, viewWidth, RulerWindow::kHeight);
+  verticalScrollBar->setGeometry(viewLeft + viewWidth, kViewTop, kBarSize, viewHeight);
   editWindow->View().SetDocumentWidth(width());
-  editWindow->setGeometry(kBorder, kBarSize + kBorder, std::max(0, right - 2 * kBorder),
-                          std::max(0, height() - kBarSize - 2 * kBorder));
+  editWindow->setGeometry(viewLeft, kViewTop, viewWidth, viewHeight);
 }
 
 void AudioWin::resizeEvent(QResizeEvent* /*event*/) {
   LayOut();
-}
-
-// The thin border around the waveform view.
-void AudioWin::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  painter.fillRect(editWindow->geometry().adjusted(-kBorder, -kBorder, kBorder, kBorder),
-                   palette().color(QPalette::Shadow));
 }
 
 void AudioWin::changeEvent(QEvent* event) {

@@ -5,16 +5,20 @@
 #include <QWidget>
 
 #include "document/Document.h"
+#include "document/DocumentListener.h"
 #include "document/StatusTexts.h"
+#include "edit/EditStep.h"
 
 class QToolButton;
 
 namespace tembrel {
 
 class AudioEditWindow;
+class DecibalWin;
+class RulerWindow;
 class TMyScrollBar;
 
-class AudioWin : public QWidget {
+class AudioWin : public QWidget, private DocumentListener {
   Q_OBJECT
 
  public:
@@ -29,6 +33,8 @@ class AudioWin : public QWidget {
   void ShowLoadedDocument();
   // Tells the three status gadgets; nothing is told for an empty document.
   void TellStatusTexts();
+  // Tells everything the main frame shows of its active document.
+  void TellState();
   // The window title, with a mark while the document has unsaved changes.
   void RefreshTitle();
 
@@ -39,17 +45,29 @@ class AudioWin : public QWidget {
   void statusTextsChanged(const tembrel::StatusTexts& texts);
   // The position counter: a frame and the rate in hertz, -1 without sound.
   void counterChanged(qint64 frame, qint64 rate);
+  // The horizontal scroll position, 0 to 100.
+  void scrollBarChanged(int percent);
   // The view's notification after every cursor move by the user (message 0x1509, wParam 10).
   void cursorNotified(qint64 frame);
+  // The sound, its history or its changed flag is another.
+  void edited();
+  // The action menu opens, and has closed with the chosen command (0 for none).
+  void actionMenuOpening();
+  void actionMenuClosed(int command);
+  void refused(const tembrel::EditResult& result);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
+  void SoundChanged(bool lengthsRefreshed) override;
+  void ConnectView();
+  void CreateRulers();
   void CreateScrollBars();
+  void CreateToolButtons();
   void CreateZoomButtons();
+  void ShowTool(int index);
   void LayOut();
   void RefreshIcons();
 
@@ -58,7 +76,11 @@ class AudioWin : public QWidget {
   AudioEditWindow* editWindow;
   TMyScrollBar* horizontalScrollBar = nullptr;
   TMyScrollBar* verticalScrollBar = nullptr;
+  QList<QToolButton*> toolButtons;
   QList<QToolButton*> zoomButtons;
+  RulerWindow* timeRuler = nullptr;
+  RulerWindow* sampleRuler = nullptr;
+  DecibalWin* amplitudeScale = nullptr;
 };
 
 }  // namespace tembrel

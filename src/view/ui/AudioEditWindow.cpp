@@ -4,12 +4,17 @@
 #include <cmath>
 
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
+#include "view/ActionMenu.h"
 #include "view/PixelMap.h"
+#include "view/SelectionStrip.h"
+#include "view/ToolButtons.h"
 #include "view/WavePicture.h"
+#include "view/ui/DevicePixels.h"
 
 namespace tembrel {
 
@@ -56,24 +61,53 @@ std::optional<MouseButton> ButtonOf(Qt::MouseButton button) {
   }
 }
 
-Raster RasterOf(QImage& image) {
-  auto* pixels = reinterpret_cast<Rgb*>(image.bits());
-  const auto stride = static_cast<int>(image.bytesPerLine() / static_cast<qsizetype>(sizeof(Rgb)));
-  return {{pixels, static_cast<std::size_t>(stride) * static_cast<std::size_t>(image.height())},
-          image.width(),
-          image.height(),
-          stride};
+Qt::CursorShape CursorShapeOf(PointerShape shape) {
+  switch (shape) {
+    case PointerShape::IBeam:
+      return Qt::IBeamCursor;
+    case PointerShape::Arrow:
+      return Qt::ArrowCursor;
+    case PointerShape::FourWay:
+      return Qt::SizeAllCursor;
+    case PointerShape::Cross:
+    case PointerShape::Pencil:
+      return Qt::CrossCursor;
+    case PointerShape::UpArrow:
+      return Qt::UpArrowCursor;
+    case PointerShape::LeftRight:
+      return Qt::SizeHorCursor;
+    case PointerShape::Hand:
+      return Qt::PointingHandCursor;
+  }
+  return Qt::ArrowCursor;
+}
+
+MousePoint PointOf(const QMouseEvent& event) {
+  return {event.position().x(), event.position().y()};
+}
+
+void AddActions(QMenu& menu, const std::vector<ActionItem>& items) {
+  for (const ActionItem& item : items) {
+    if (!item.popup.empty()) {
+      AddActions(*menu.addMenu(QString::fromStdString(item.text)), item.popup);
+      continue;
+    }
+    QAction* action = menu.addAction(QString::fromStdString(item.text));
+    action->setData(item.id);
+    action->setEnabled(item.enabled);
+  }
 }
 
 }  // namespace
 
-AudioEditWindow::AudioEditWindow(const Document& shownDocument, QWidget* parent)
+AudioEditWindow::AudioEditWindow(Document& shownDocument, QWidget* parent)
     : QWidget(parent), document(shownDocument), view(*this) {
   setObjectName("AudioEditWindow");
   setAccessibleName("Waveform");
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setCursor(Qt::IBeamCursor);
+  setMouseTracking(true);
+  PointerShapeChanged();
 }
 
 void AudioEditWindow::ShowSound() {
@@ -83,18 +117,30 @@ void AudioEditWindow::ShowSound() {
                 clip == nullptr ? 0 : clip->format.nBlockAlign);
 }
 
-double AudioEditWindow::VisibleShare() const {
-  return static_cast<double>(view.FramesOnScreen()) / static_cast<double>(view.TotalFrames());
+void AudioEditWindow::SoundEdited(bool lengthsChanged) {
+  const AudioClip* clip = document.Clip();
+  if (clip != nullptr && lengthsChanged) {
+    view.SoundChanged(document.FrameCount(), clip->format.nSamplesPerSec, clip->format.nBlockAlign);
+  }
+  pictureValid = false;
+  update();
 }
 
-AudioEditWindow::DevicePlace AudioEditWindow::Place(const QPainter& painter) const {
-  const double scale = devicePixelRatioF();
-  const QPointF corner = painter.deviceTransform().map(QPointF(0, 0));
-  const QPointF far = painter.deviceTransform().map(QPointF(width(), height()));
-  const QPoint wholeCorner(qRound(corner.x()), qRound(corner.y()));
-  const QPoint wholeFar(qRound(far.x()), qRound(far.y()));
-  return {(QPointF(wholeCorner) - corner) / scale,
-          {wholeFar.x() - wholeCorner.x(), wholeFar.y() - wholeCorner.y(), scale}};
+MousePoint AudioEditWindow::MouseNow() const {
+  const QPoint at = mapFromGlobal(QCursor::pos());
+  return {static_cast<double>(at.x()), static_cast<double>(at.y())};
+}
+
+void AudioEditWindow::SelectAll() {
+  view.SelectAll(MouseNow());
+}
+
+void AudioEditWindow::SelectLastRange() {
+  view.SelectLastRange(MouseNow());
+}
+
+double AudioEditWindow::VisibleShare() const {
+  return static_cast<double>(view.FramesOnScreen()) / static_cast<double>(view.TotalFrames());
 }
 
 void AudioEditWindow::KeepPicture(const PaintArea& area) {
@@ -104,7 +150,6 @@ void AudioEditWindow::KeepPicture(const PaintArea& area) {
   if (picture.size() != QSize(area.width, area.height)) {
     picture = QImage(area.width, area.height, QImage::Format_RGB32);
   }
-  picture.setDevicePixelRatio(area.scale);
   pictureArea = area;
   pictureValid = true;
   if (!picture.isNull()) {
@@ -112,7 +157,17 @@ void AudioEditWindow::KeepPicture(const PaintArea& area) {
   }
 }
 
-void AudioEditWindow::PaintCursor(QPainter& painter, const QPointF& offset) {
+void AudioEditWindow::PaintSelection(QPainter& painter) {
+  const PixelRect strip = StripOf(pictureArea, view.SelectionStrip());
+  if (strip.Empty()) {
+    return;
+  }
+  QImage under = picture.copy(strip.x, strip.y, strip.width, strip.height);
+  InvertStrip(RasterOf(under), {0, 0, strip.width, strip.height});
+  painter.drawImage(strip.x, strip.y, under);
+}
+
+void AudioEditWindow::PaintCursor(QPainter& painter) {
   const std::int64_t x =
       FrameToPixel(view.CursorFrame(), view.FirstVisibleFrame(), view.FramesOnScreen(), pictureArea.width);
   const PixelRect strip = CursorStrip(pictureArea, x);
@@ -121,13 +176,14 @@ void AudioEditWindow::PaintCursor(QPainter& painter, const QPointF& offset) {
   }
   QImage under = picture.copy(strip.x, strip.y, strip.width, strip.height);
   LayCursor(RasterOf(under), {0, 0, strip.width, strip.height});
-  painter.drawImage(offset + QPointF(strip.x, strip.y) / pictureArea.scale, under);
+  painter.drawImage(strip.x, strip.y, under);
 }
 
-void AudioEditWindow::PaintNotice(QPainter& painter) {
+void AudioEditWindow::PaintNotice() {
   if (document.Notice().empty()) {
     return;
   }
+  QPainter painter(this);
   const QFontMetrics metrics(painter.font());
   const int room = width() - 4 * kNoticeMargin;
   const QString text =
@@ -141,14 +197,16 @@ void AudioEditWindow::PaintNotice(QPainter& painter) {
 }
 
 void AudioEditWindow::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  const DevicePlace place = Place(painter);
-  KeepPicture(place.area);
-  painter.drawImage(place.offset, picture);
-  if (view.CursorShown()) {
-    PaintCursor(painter, place.offset);
+  {
+    QPainter painter(this);
+    KeepPicture(UseDevicePixels(painter, *this));
+    painter.drawImage(0, 0, picture);
+    PaintSelection(painter);
+    if (view.CursorShown()) {
+      PaintCursor(painter);
+    }
   }
-  PaintNotice(painter);
+  PaintNotice();
 }
 
 void AudioEditWindow::resizeEvent(QResizeEvent* /*event*/) {
@@ -190,13 +248,22 @@ void AudioEditWindow::mousePressEvent(QMouseEvent* event) {
   const std::optional<MouseButton> button = ButtonOf(event->button());
   if (button) {
     setFocus(Qt::MouseFocusReason);
-    view.Press(*button, {event->position().x(), event->position().y()});
+    view.Press(*button, PointOf(*event));
   }
+}
+
+void AudioEditWindow::mouseMoveEvent(QMouseEvent* event) {
+  view.Move(PointOf(*event));
+}
+
+void AudioEditWindow::leaveEvent(QEvent* /*event*/) {
+  view.Leave();
+  Q_EMIT mouseMoved(-1);
 }
 
 void AudioEditWindow::mouseReleaseEvent(QMouseEvent* event) {
   if (const std::optional<MouseButton> button = ButtonOf(event->button())) {
-    view.Release(*button, {event->position().x(), event->position().y()});
+    view.Release(*button, PointOf(*event));
   }
 }
 
@@ -258,9 +325,12 @@ void AudioEditWindow::CursorNotification(std::int64_t frame) {
   Q_EMIT cursorNotified(frame);
 }
 
-void AudioEditWindow::ToolPressed(int /*index*/) {}
+void AudioEditWindow::ToolPressed(int index) {
+  Q_EMIT toolWanted(index);
+}
 
 void AudioEditWindow::SelectionStripChanged(int fromX, int toX) {
+  // One pixel more on each side covers the rounding of fractional scale factors.
   update(fromX - 1, 0, toX - fromX + 2, height());
 }
 
@@ -268,28 +338,52 @@ void AudioEditWindow::MovePointerTo(int x, int y) {
   QCursor::setPos(mapToGlobal(QPoint(x, y)));
 }
 
-void AudioEditWindow::MouseReadout(std::int64_t /*frame*/) {}
+void AudioEditWindow::MouseReadout(std::int64_t frame) {
+  Q_EMIT mouseMoved(frame);
+}
 
-void AudioEditWindow::PointerShapeChanged() {}
+void AudioEditWindow::PointerShapeChanged() {
+  setCursor(CursorShapeOf(PointerOf(view.ToolIndex(), view.PencilArmed())));
+}
 
-// The document cannot be drawn on yet.
-bool AudioEditWindow::PencilHit(int /*x*/, int /*y*/, std::int64_t /*frame*/) {
-  return false;
+PencilArea AudioEditWindow::AreaOfPencil() const {
+  return {view.FirstVisibleFrame(), view.FramesOnScreen(), width(), height()};
+}
+
+bool AudioEditWindow::PencilHit(int x, int y, std::int64_t /*frame*/) {
+  return document.Editable() &&
+         PencilTouches(*document.Clip(), AreaOfPencil(), parentWidget()->width(), x, y);
 }
 
 bool AudioEditWindow::PencilBegin() {
-  return false;
+  const EditResult result = document.BeginPencil();
+  if (!result.done) {
+    Q_EMIT refused(result);
+  }
+  return result.done;
 }
 
-void AudioEditWindow::PencilDraw(int /*x*/, int /*y*/) {}
+void AudioEditWindow::PencilDraw(int x, int y) {
+  document.DrawPencil(AreaOfPencil(), x, y);
+}
 
-void AudioEditWindow::PencilStripChanged(int /*fromX*/, int /*toX*/) {}
+void AudioEditWindow::PencilStripChanged(int fromX, int toX) {
+  pictureValid = false;
+  update(fromX - 1, 0, toX - fromX + 2, height());
+}
 
-void AudioEditWindow::PencilEnd() {}
+void AudioEditWindow::PencilEnd() {
+  document.EndPencil();
+}
 
-// There are no actions yet.
-void AudioEditWindow::ActionMenuWanted(int /*x*/, int /*y*/) {
+void AudioEditWindow::ActionMenuWanted(int x, int y) {
+  QMenu menu(this);
+  menu.setObjectName("actionMenu");
+  AddActions(menu, ActionMenu());
+  Q_EMIT actionMenuOpening();
+  const QAction* chosen = menu.exec(mapToGlobal(QPoint(x, y)));
   view.ActionMenuClosed();
+  Q_EMIT actionMenuClosed(chosen == nullptr ? 0 : chosen->data().toInt());
 }
 
 void AudioEditWindow::Relayout() {

@@ -7,8 +7,10 @@
 #include <QWidget>
 
 #include "document/Document.h"
+#include "edit/EditStep.h"
+#include "edit/PencilDraw.h"
 #include "view/EditView.h"
-#include "view/Raster.h"
+#include "view/Picture.h"
 
 namespace tembrel {
 
@@ -16,16 +18,22 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   Q_OBJECT
 
  public:
-  // Shows the sound of `shownDocument`, which outlives the widget.
-  AudioEditWindow(const Document& shownDocument, QWidget* parent);
+  // Shows the sound of `shownDocument`, which outlives the widget, and draws into it with the pencil.
+  AudioEditWindow(Document& shownDocument, QWidget* parent);
 
   EditView& View() { return view; }
   const EditView& View() const { return view; }
 
   // The document's sound was replaced: shows the whole of it with the cursor at its start.
   void ShowSound();
+  // The sound was edited: repaints it. `lengthsChanged`: its length or format may be another.
+  void SoundEdited(bool lengthsChanged);
   // How much of the sound is on the screen, 0 to 1.
   double VisibleShare() const;
+
+  // Select all and select last range: the action menu follows, where the mouse is.
+  void SelectAll();
+  void SelectLastRange();
 
   QSize sizeHint() const override { return {593, 175}; }
 
@@ -38,13 +46,24 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void focused();
   // The view was scrolled or zoomed.
   void scrolled();
+  // The mouse is over this frame, -1 for none.
+  void mouseMoved(qint64 frame);
+  // A key asks for another tool button.
+  void toolWanted(int index);
+  // The action menu is about to open, and has closed with the chosen command (0 for none).
+  void actionMenuOpening();
+  void actionMenuClosed(int command);
+  // A pencil stroke was refused.
+  void refused(const tembrel::EditResult& result);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -71,18 +90,15 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void ActionMenuWanted(int x, int y) override;
   void Relayout() override;
 
-  // The widget's place on the screen's pixels: the picture is painted on whole ones at every scale factor.
-  struct DevicePlace {
-    QPointF offset;  // logical pixels from the widget's corner to the picture's
-    PaintArea area;
-  };
-  DevicePlace Place(const QPainter& painter) const;
   void KeepPicture(const PaintArea& area);
-  void PaintCursor(QPainter& painter, const QPointF& offset);
-  void PaintNotice(QPainter& painter);
+  void PaintSelection(QPainter& painter);
+  void PaintCursor(QPainter& painter);
+  void PaintNotice();
   void UpdateCursorStrip(std::int64_t frame);
+  PencilArea AreaOfPencil() const;
+  MousePoint MouseNow() const;
 
-  const Document& document;
+  Document& document;
   EditView view;
   QImage picture;  // paper, grid and waveform in device pixels
   PaintArea pictureArea;

@@ -9,7 +9,6 @@ class GrayStatic : public QWidget {
  public:
   static constexpr int kWidth = 640;
   static constexpr int kHeight = 49;
-  static constexpr int kCounterX = 4;
 
   explicit GrayStatic(QWidget* parent) : QWidget(parent) {
     setObjectName("GrayStatic");

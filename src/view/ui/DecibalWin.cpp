@@ -1,0 +1,42 @@
+#include "view/ui/DecibalWin.h"
+
+#include <QPainter>
+
+#include "view/AmplitudeMarks.h"
+#include "view/RulerMarks.h"
+#include "view/ui/DevicePixels.h"
+
+namespace tembrel {
+
+namespace {
+
+constexpr int kFontHeight = 9;
+
+}  // namespace
+
+DecibalWin::DecibalWin(QWidget* parent) : QWidget(parent) {
+  setObjectName("DecibalWin");
+  setAccessibleName("Amplitude scale");
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void DecibalWin::ShowStereo(bool newValue) {
+  if (newValue != stereo) {
+    stereo = newValue;
+    update();
+  }
+}
+
+void DecibalWin::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const PaintArea area = UseDevicePixels(painter, *this);
+  painter.fillRect(QRect(0, 0, area.width, area.height), QColor::fromRgb(kRulerPaperColor));
+  painter.setFont(ControlFont(kFontHeight, area));
+  painter.setPen(QColor::fromRgb(kRulerTextColor));
+  for (const AmplitudeLabel& label : AmplitudeLabels(area, stereo)) {
+    painter.drawText(QRect(label.box.x, label.box.y, label.box.width, label.box.height),
+                     Qt::AlignRight | Qt::AlignBottom | Qt::TextDontClip, QString::fromStdString(label.text));
+  }
+}
+
+}  // namespace tembrel
