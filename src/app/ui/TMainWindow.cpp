@@ -40,6 +40,15 @@ QString ToText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+// In a window title "[*]" is the place of the mark for unsaved changes, and twice it stands for itself.
+QString ShownTitle(const QMdiSubWindow& window) {
+  constexpr QChar kLiteral(1);
+  return window.windowTitle()
+      .replace("[*][*]", kLiteral)
+      .replace("[*]", window.isWindowModified() ? "*" : "")
+      .replace(kLiteral, "[*]");
+}
+
 std::vector<QUrl> DroppedFiles(const QMimeData* data) {
   std::vector<QUrl> files;
   const QList<QUrl> urls = data->urls();
@@ -191,14 +200,21 @@ void TMainWindow::RebuildWindowList() {
   int number = 0;
   for (QMdiSubWindow* window : windows) {
     ++number;
-    QString title = window->windowTitle();
-    title.replace("[*]", window->isWindowModified() ? "*" : "").replace('&', "&&");
+    const QString title = ShownTitle(*window).replace('&', "&&");
     QAction* action = windowMenu->addAction((number < 10 ? "&" : "") + QString::number(number) + " " + title);
     action->setCheckable(true);
     action->setChecked(window == client->currentSubWindow());
-    connect(action, &QAction::triggered, client, [this, window] { client->setActiveSubWindow(window); });
+    connect(action, &QAction::triggered, client, [this, window] { ActivateDocument(window); });
     windowActions << action;
   }
+}
+
+// A window shown as an icon opens.
+void TMainWindow::ActivateDocument(QMdiSubWindow* window) {
+  if (window->isMinimized()) {
+    window->showNormal();
+  }
+  client->setActiveSubWindow(window);
 }
 
 void TMainWindow::RefreshCommands() {

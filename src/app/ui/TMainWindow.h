@@ -10,6 +10,7 @@
 #include "audio/SettingStore.h"
 
 class QAction;
+class QMdiSubWindow;
 class QMenu;
 
 namespace tembrel {
@@ -42,6 +43,7 @@ class TMainWindow : public QMainWindow {
   void CreateTopStrip();
   void RebuildRecentFiles();
   void RebuildWindowList();
+  void ActivateDocument(QMdiSubWindow* window);
   void RefreshCommands();
   void ShowAbout();
   void ShowHelp();

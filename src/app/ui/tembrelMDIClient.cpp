@@ -84,7 +84,8 @@ void tembrelMDIClient::OfferRecovery() {
       RemoveAbandonedCopy(copy);
       continue;
     }
-    tembrelMDIChild* child = NewChild(PathToText(copy.documentName));
+    tembrelMDIChild* child =
+        NewChild(copy.documentName.empty() ? NewDocumentTitle() : PathToText(copy.documentName));
     Document& document = child->Window()->Doc();
     const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress("Recovering " + copy.documentName);
     const LoadOutcome outcome = document.LoadFile(
@@ -300,10 +301,13 @@ tembrelMDIChild* tembrelMDIClient::NewChild(const QString& title) {
   return AddChild(new AudioWin(paths, ++lastHandle, title), kDocumentSize);
 }
 
+QString tembrelMDIClient::NewDocumentTitle() const {
+  return QString::fromStdString(std::string(StringResource(kStringNewDocument)) + " - " +
+                                std::to_string(documentCount));
+}
+
 void tembrelMDIClient::NewDocument() {
-  const std::string title =
-      std::string(StringResource(kStringNewDocument)) + " - " + std::to_string(documentCount);
-  NewChild(QString::fromStdString(title));
+  NewChild(NewDocumentTitle());
   Q_EMIT stateChanged();
 }
 

@@ -81,6 +81,7 @@ class tembrelMDIClient : public QMdiArea {
   CommandContext Context() const;
   tembrelMDIChild* AddChild(AudioWin* window, const QSize& size);
   tembrelMDIChild* NewChild(const QString& title);
+  QString NewDocumentTitle() const;
   void NewDocument();
   void OpenDialog();
   bool SaveActive();

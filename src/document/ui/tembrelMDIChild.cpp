@@ -33,7 +33,7 @@ void tembrelMDIChild::closeEvent(QCloseEvent* event) {
   }
   asked = true;
   Q_EMIT closing();
-  event->accept();
+  QMdiSubWindow::closeEvent(event);
 }
 
 }  // namespace tembrel
