@@ -128,10 +128,13 @@ TEST(CommandTable, NamesTheHandlersOfThisVersion) {
       {24361, CommandHandler::Cascade},      {24362, CommandHandler::Tile},
       {24364, CommandHandler::ArrangeIcons}, {24365, CommandHandler::CloseAll},
       {800, CommandHandler::HelpContents},   {801, CommandHandler::Website},
-      {2009, CommandHandler::About},
+      {2009, CommandHandler::About},         {24321, CommandHandler::Undo},
+      {24329, CommandHandler::Redo},         {24324, CommandHandler::PasteInsert},
+      {702, CommandHandler::PasteMerge},     {703, CommandHandler::PasteOverwrite},
+      {700, CommandHandler::SelectAll},      {701, CommandHandler::SelectLastRange},
   };
   EXPECT_EQ(handlers, expected);
-  EXPECT_EQ(notBuilt, (std::set<int>{24321, 24329, 24324, 702, 703, 704, 700, 701, 900, 901, 902, 400, 500}));
+  EXPECT_EQ(notBuilt, (std::set<int>{704, 900, 901, 902, 400, 500}));
 }
 
 TEST(CommandTable, CloseSaveAndSaveAsAreDisabledWithoutADocument) {

@@ -31,7 +31,6 @@ StatusGadgets::StatusGadgets(QStatusBar* bar) : QObject(bar), labels{} {
     auto* label = new QLabel(bar);
     label->setObjectName("TTextGadget");
     label->setProperty("controlId", kGadgets.at(i).id);
-    label->setAccessibleName(kGadgets.at(i).name);
     label->setToolTip(kGadgets.at(i).name);
     label->setFont(font);
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
@@ -45,9 +44,12 @@ StatusGadgets::StatusGadgets(QStatusBar* bar) : QObject(bar), labels{} {
 }
 
 void StatusGadgets::Show(const StatusTexts& texts) {
-  labels[0]->setText(QString::fromStdString(texts.rate));
-  labels[1]->setText(QString::fromStdString(texts.bits));
-  labels[2]->setText(QString::fromStdString(texts.channels));
+  const std::array shown{texts.rate, texts.bits, texts.channels};
+  for (std::size_t i = 0; i < labels.size(); ++i) {
+    const QString text = QString::fromStdString(shown.at(i));
+    labels.at(i)->setText(text);
+    labels.at(i)->setAccessibleName(QString(kGadgets.at(i).name) + ": " + text);
+  }
 }
 
 }  // namespace tembrel

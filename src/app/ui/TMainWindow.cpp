@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -19,12 +20,14 @@
 
 #include "app/AcceleratorTable.h"
 #include "app/CommandTable.h"
+#include "app/RecentFiles.h"
 #include "app/ui/FrameMenuBar.h"
 #include "app/ui/HelpWindow.h"
 #include "app/ui/StatusGadgets.h"
 #include "app/ui/TopStrip.h"
 #include "app/ui/VAboutDialog.h"
 #include "app/ui/tembrelMDIClient.h"
+#include "document/ui/AudioWin.h"
 #include "view/ui/CountWin.h"
 #include "view/ui/ScrollerWindow.h"
 #include "view/ui/ToolTipWindow.h"
@@ -56,9 +59,15 @@ std::vector<QUrl> DroppedFiles(const QMimeData* data) {
   return files;
 }
 
+// The file's name byte for byte: as text it would lose what is no UTF-8.
+std::filesystem::path PathOf(const QUrl& url) {
+  return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+
 // Whoever is told that files were moved may delete them: whatever is proposed, a drop is a copy.
 bool TakeAsCopy(QDropEvent& event) {
-  if (!event.possibleActions().testFlag(Qt::CopyAction) || DroppedFiles(event.mimeData()).empty()) {
+  const bool busy = QApplication::activeModalWidget() != nullptr;
+  if (busy || !event.possibleActions().testFlag(Qt::CopyAction) || DroppedFiles(event.mimeData()).empty()) {
     return false;
   }
   event.setDropAction(Qt::CopyAction);
@@ -80,7 +89,7 @@ TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts*
   setAcceptDrops(true);
   resize(kFirstSize);
   statusBar()->setSizeGripEnabled(true);
-  client->setBackground(palette().brush(QPalette::Dark));
+  RefreshBackground();
   setCentralWidget(client);
   setMenuBar(frameMenuBar);
   CreateMenus();
@@ -200,21 +209,16 @@ void TMainWindow::RebuildWindowList() {
   int number = 0;
   for (QMdiSubWindow* window : windows) {
     ++number;
-    const QString title = ShownTitle(*window).replace('&', "&&");
-    QAction* action = windowMenu->addAction((number < 10 ? "&" : "") + QString::number(number) + " " + title);
+    const auto* document = qobject_cast<AudioWin*>(window->widget());
+    const QString title = document == nullptr ? window->windowTitle() : document->Title();
+    const QString text =
+        PathToText(MenuText(TextToPath(title).string())) + (window->isWindowModified() ? "*" : "");
+    QAction* action = windowMenu->addAction((number < 10 ? "&" : "") + QString::number(number) + " " + text);
     action->setCheckable(true);
     action->setChecked(window == client->currentSubWindow());
-    connect(action, &QAction::triggered, client, [this, window] { ActivateDocument(window); });
+    connect(action, &QAction::triggered, client, [this, window] { client->setActiveSubWindow(window); });
     windowActions << action;
   }
-}
-
-// A window shown as an icon opens.
-void TMainWindow::ActivateDocument(QMdiSubWindow* window) {
-  if (window->isMinimized()) {
-    window->showNormal();
-  }
-  client->setActiveSubWindow(window);
 }
 
 void TMainWindow::RefreshCommands() {
@@ -231,6 +235,17 @@ void TMainWindow::ShowAbout() {
 
 void TMainWindow::ShowHelp() {
   HelpWindow::ShowFor(this, paths.helpPath);
+}
+
+void TMainWindow::RefreshBackground() {
+  client->setBackground(palette().brush(QPalette::Dark));
+}
+
+void TMainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) {
+    RefreshBackground();
+  }
+  QMainWindow::changeEvent(event);
 }
 
 void TMainWindow::closeEvent(QCloseEvent* event) {
@@ -258,7 +273,7 @@ void TMainWindow::dropEvent(QDropEvent* event) {
       client,
       [this, files = DroppedFiles(event->mimeData())] {
         for (const QUrl& url : files) {
-          client->OpenDocument(TextToPath(url.toLocalFile()));
+          client->OpenDocument(PathOf(url));
         }
       },
       Qt::QueuedConnection);

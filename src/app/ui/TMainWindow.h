@@ -31,6 +31,7 @@ class TMainWindow : public QMainWindow {
   tembrelMDIClient* Client() { return client; }
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -41,6 +42,7 @@ class TMainWindow : public QMainWindow {
   void FillMenu(QMenu* menu, const std::vector<MenuItem>& items);
   void CreateAccelerators();
   void CreateTopStrip();
+  void RefreshBackground();
   void RebuildRecentFiles();
   void RebuildWindowList();
   void ActivateDocument(QMdiSubWindow* window);

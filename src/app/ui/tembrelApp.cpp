@@ -46,13 +46,16 @@ void tembrelApp::TakeCommandLine(std::vector<std::string> arguments) {
 }
 
 void tembrelApp::InitMainWindow() {
-  mainWindow = std::make_unique<TMainWindow>(FindProgramPaths(), SettingStore(SettingStorePath()));
+  Prompts* questions = screenshot.empty() ? nullptr : &consolePrompts;
+  mainWindow = std::make_unique<TMainWindow>(FindProgramPaths(), SettingStore(SettingStorePath()), questions);
 }
 
 void tembrelApp::SetUpClient() {
   tembrelMDIClient* client = mainWindow->Client();
   client->SetUp();
-  client->OfferRecovery();
+  if (screenshot.empty()) {
+    client->OfferRecovery();
+  }
   if (!startUpFile.empty()) {
     client->OpenDocument(startUpFile);
   }
@@ -66,7 +69,7 @@ void tembrelApp::SaveScreenshotAndQuit() {
 
 int tembrelApp::Run() {
   mainWindow->show();
-  // The windows exist and are painted first, so that a long load is seen to go on.
+  // Once the event loop runs, so that the window is there while a long load goes on.
   QTimer::singleShot(0, this, [this] {
     SetUpClient();
     if (!screenshot.empty()) {

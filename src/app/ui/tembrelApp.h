@@ -8,6 +8,8 @@
 
 #include <QApplication>
 
+#include "app/ConsolePrompts.h"
+
 namespace tembrel {
 
 class TMainWindow;
@@ -32,6 +34,7 @@ class tembrelApp : public QApplication {
 
   std::filesystem::path startUpFile;
   std::filesystem::path screenshot;  // empty: run until the user quits
+  ConsolePrompts consolePrompts;     // who answers while a picture is made
   std::unique_ptr<TMainWindow> mainWindow;
 };
 

@@ -46,6 +46,7 @@ tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore setti
                                    QWidget* parent)
     : QMdiArea(parent), paths(std::move(programPaths)), store(std::move(settingStore)), prompts(questions) {
   setObjectName("tembrelMDIClient");
+  setActivationOrder(QMdiArea::ActivationHistoryOrder);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   connect(this, &QMdiArea::subWindowActivated, this, [this] {
@@ -57,15 +58,23 @@ tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore setti
 tembrelMDIClient::~tembrelMDIClient() {
   std::error_code ignored;
   std::filesystem::remove(paths.sharedTempPath, ignored);
+  if (!loaded) {
+    return;  // nothing to save, but settings to lose
+  }
   SaveSettings(paths.settingsFile, settings);
   SaveLastFiles(store, recentFiles.Slots());
   SaveLastFolder(store, std::filesystem::current_path(ignored));
 }
 
+void tembrelMDIClient::TellPlaybackFormat() {
+  const PlaybackFormat& format = settings.playback;
+  Q_EMIT statusTextsChanged(FormatStatusTexts(format.rate, format.bits, format.channels));
+}
+
 void tembrelMDIClient::SetUp() {
   settings = LoadSettings(paths.settingsFile);
-  Q_EMIT statusTextsChanged(
-      FormatStatusTexts(settings.playback.rate, settings.playback.bits, settings.playback.channels));
+  loaded = true;
+  TellPlaybackFormat();
   recentFiles.SetSlots(LoadLastFiles(store));
   Q_EMIT recentFilesChanged();
   std::error_code ignored;
@@ -412,8 +421,13 @@ void tembrelMDIClient::ArrangeIcons() {
   }
 }
 
+// Without sound the gadgets fall back to the playback format.
 void tembrelMDIClient::ShowActiveState() {
-  if (AudioWin* active = ActiveDocument()) {
+  AudioWin* active = ActiveDocument();
+  if (active == nullptr || active->Doc().Clip() == nullptr) {
+    TellPlaybackFormat();
+  }
+  if (active != nullptr) {
     active->TellState();
   }
 }

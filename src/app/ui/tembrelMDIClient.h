@@ -91,6 +91,7 @@ class tembrelMDIClient : public QMdiArea {
   void ChildClosing();
   void ArrangeIcons();
   void ShowActiveState();
+  void TellPlaybackFormat();
   void Listen(AudioWin* window);
   std::vector<tembrelMDIChild*> Children() const;
 
@@ -98,6 +99,7 @@ class tembrelMDIClient : public QMdiArea {
   SettingStore store;
   Prompts& prompts;
   Settings settings;
+  bool loaded = false;  // the settings are those of the file
   RecentFiles recentFiles;
   Clipboard clipboard;
   long documentCount = 0;

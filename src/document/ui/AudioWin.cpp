@@ -163,6 +163,7 @@ void AudioWin::RefreshIcons() {
 
 void AudioWin::ShowLoadedDocument() {
   editWindow->ShowSound();
+  editWindow->setAccessibleDescription(QString::fromStdString(document.Notice()));
   amplitudeScale->ShowStereo(document.Clip() != nullptr && DrawsAsStereo(document.Clip()->format));
   TellStatusTexts();
 }

@@ -35,6 +35,8 @@ class AudioWin : public QWidget, private DocumentListener {
   void TellStatusTexts();
   // Tells everything the main frame shows of its active document.
   void TellState();
+  // The document's title as it was given.
+  const QString& Title() const { return title; }
   // The window title, with a mark while the document has unsaved changes.
   void RefreshTitle();
 

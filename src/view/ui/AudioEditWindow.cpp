@@ -186,8 +186,10 @@ void AudioEditWindow::PaintNotice() {
   QPainter painter(this);
   const QFontMetrics metrics(painter.font());
   const int room = width() - 4 * kNoticeMargin;
-  const QString text =
-      metrics.elidedText(QString::fromStdString(document.Notice()), Qt::ElideMiddle, std::max(0, room));
+  QString notice = QString::fromStdString(document.Notice());
+  std::replace_if(
+      notice.begin(), notice.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, u' ');
+  const QString text = metrics.elidedText(notice, Qt::ElideMiddle, std::max(0, room));
   const QRect box(kNoticeMargin, kNoticeMargin, metrics.horizontalAdvance(text) + 2 * kNoticeMargin,
                   metrics.height() + kNoticeMargin);
   painter.fillRect(box, QColor::fromRgb(kPaperColor));
@@ -269,10 +271,43 @@ void AudioEditWindow::mouseReleaseEvent(QMouseEvent* event) {
 
 void AudioEditWindow::mouseDoubleClickEvent(QMouseEvent* /*event*/) {}
 
+// Keys of the zoom: Control with plus, minus and zero; with Control, Shift and the arrows the vertical one.
+bool AudioEditWindow::ZoomByKey(int key, bool shift) {
+  switch (key) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      view.ZoomIn();
+      return true;
+    case Qt::Key_Minus:
+    case Qt::Key_Underscore:
+      view.ZoomOut();
+      return true;
+    case Qt::Key_0:
+      view.ZoomAll();
+      return true;
+    case Qt::Key_Up:
+      if (shift) {
+        view.VerticalZoomIn();
+      }
+      return shift;
+    case Qt::Key_Down:
+      if (shift) {
+        view.VerticalZoomOut();
+      }
+      return shift;
+    default:
+      return false;
+  }
+}
+
 void AudioEditWindow::keyPressEvent(QKeyEvent* event) {
+  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+  const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
+  if (control && ZoomByKey(event->key(), shift)) {
+    return;
+  }
   const std::optional<EditKey> key = EditKeyOf(event->key());
-  const bool handled = key && view.KeyPress(*key, event->modifiers().testFlag(Qt::ShiftModifier),
-                                            event->modifiers().testFlag(Qt::ControlModifier));
+  const bool handled = key && view.KeyPress(*key, shift, control);
   if (!handled) {
     QWidget::keyPressEvent(event);
   }

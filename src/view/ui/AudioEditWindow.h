@@ -90,6 +90,7 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void ActionMenuWanted(int x, int y) override;
   void Relayout() override;
 
+  bool ZoomByKey(int key, bool shift);
   void KeepPicture(const PaintArea& area);
   void PaintSelection(QPainter& painter);
   void PaintCursor(QPainter& painter);
