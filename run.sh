@@ -6,6 +6,8 @@ set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 build=$top/build/run
 log=$build/build.log
+# Where there is a compiler cache, what one clone or build folder compiled serves the others.
+export CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=yes
 
 # run_logged TEXT COMMAND...: one line of progress on a terminal; the whole log only when the command fails.
 run_logged() {

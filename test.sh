@@ -4,6 +4,8 @@ set -euo pipefail
 
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 cd "$top"
+# Where there is a compiler cache, what one clone or build folder compiled serves the others.
+export CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=yes
 jobs=$(nproc)
 
 scripts/dependencies.sh test
