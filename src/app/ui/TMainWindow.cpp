@@ -43,15 +43,6 @@ QString ToText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// In a window title "[*]" is the place of the mark for unsaved changes, and twice it stands for itself.
-QString ShownTitle(const QMdiSubWindow& window) {
-  constexpr QChar kLiteral(1);
-  return window.windowTitle()
-      .replace("[*][*]", kLiteral)
-      .replace("[*]", window.isWindowModified() ? "*" : "")
-      .replace(kLiteral, "[*]");
-}
-
 std::vector<QUrl> DroppedFiles(const QMimeData* data) {
   std::vector<QUrl> files;
   const QList<QUrl> urls = data->urls();
@@ -216,9 +207,17 @@ void TMainWindow::RebuildWindowList() {
     QAction* action = windowMenu->addAction((number < 10 ? "&" : "") + QString::number(number) + " " + text);
     action->setCheckable(true);
     action->setChecked(window == client->currentSubWindow());
-    connect(action, &QAction::triggered, client, [this, window] { client->setActiveSubWindow(window); });
+    connect(action, &QAction::triggered, client, [this, window] { ActivateDocument(window); });
     windowActions << action;
   }
+}
+
+// A window shown as an icon opens.
+void TMainWindow::ActivateDocument(QMdiSubWindow* window) {
+  if (window->isMinimized()) {
+    window->showNormal();
+  }
+  client->setActiveSubWindow(window);
 }
 
 void TMainWindow::RefreshCommands() {
