@@ -9,6 +9,7 @@
 #include <QToolButton>
 
 #include "view/ToolButtons.h"
+#include "view/ViewCommands.h"
 #include "view/WaveLines.h"
 #include "view/ui/AudioEditWindow.h"
 #include "view/ui/DecibalWin.h"
@@ -34,13 +35,12 @@ struct ZoomButtonRow {
   int id;
   const char* icon;
   const char* name;
-  void (EditView::*command)();
 };
 
 constexpr std::array kZoomButtons{
-    ZoomButtonRow{0x2001, "zoom-out", "Zoom out", &EditView::ZoomOut},
-    ZoomButtonRow{0x2002, "zoom-in", "Zoom in", &EditView::ZoomIn},
-    ZoomButtonRow{0x2003, "zoom-all", "Zoom to the whole file", &EditView::ZoomAll},
+    ZoomButtonRow{kViewZoomOut, "zoom-out", "Zoom out"},
+    ZoomButtonRow{kViewZoomIn, "zoom-in", "Zoom in"},
+    ZoomButtonRow{kViewZoomAll, "zoom-all", "Zoom to the whole file"},
 };
 
 }  // namespace
@@ -129,7 +129,7 @@ void AudioWin::CreateScrollBars() {
   });
   connect(editWindow, &AudioEditWindow::verticalScrollChanged, this,
           [this](int topRow, int visibleRows, bool enabled) {
-            verticalScrollBar->setEnabled(enabled);
+            verticalScrollBar->setEnabled(enabled && visibleRows < kAmplitudeRows);
             const int hidden = kAmplitudeRows - visibleRows;
             verticalScrollBar->ShowPosition(hidden > 0 ? topRow * 100 / hidden : 0,
                                             static_cast<double>(visibleRows) / kAmplitudeRows);
@@ -145,8 +145,7 @@ void AudioWin::CreateZoomButtons() {
     button->setFocusPolicy(Qt::NoFocus);
     button->setAutoRaise(false);
     button->setIconSize({kIconSize, kIconSize});
-    connect(button, &QToolButton::clicked, this,
-            [this, command = row.command] { (editWindow->View().*command)(); });
+    connect(button, &QToolButton::clicked, this, [this, row] { RunViewCommand(editWindow->View(), row.id); });
     zoomButtons << button;
   }
   RefreshIcons();

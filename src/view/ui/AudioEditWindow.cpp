@@ -13,6 +13,7 @@
 #include "view/PixelMap.h"
 #include "view/SelectionStrip.h"
 #include "view/ToolButtons.h"
+#include "view/ViewCommands.h"
 #include "view/WavePicture.h"
 #include "view/ui/DevicePixels.h"
 
@@ -47,6 +48,27 @@ std::optional<EditKey> EditKeyOf(int key) {
       return EditKey::F12;
     default:
       return std::nullopt;
+  }
+}
+
+// Keys of the zoom, pressed with Control: plus, minus and zero; with Shift the arrows for the vertical one. 0
+// for others.
+int ZoomCommandOf(int key, bool shift) {
+  switch (key) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      return kViewZoomIn;
+    case Qt::Key_Minus:
+    case Qt::Key_Underscore:
+      return kViewZoomOut;
+    case Qt::Key_0:
+      return kViewZoomAll;
+    case Qt::Key_Up:
+      return shift ? kViewVerticalZoomIn : 0;
+    case Qt::Key_Down:
+      return shift ? kViewVerticalZoomOut : 0;
+    default:
+      return 0;
   }
 }
 
@@ -112,6 +134,7 @@ AudioEditWindow::AudioEditWindow(Document& shownDocument, QWidget* parent)
 
 void AudioEditWindow::ShowSound() {
   const AudioClip* clip = document.Clip();
+  ++soundRevision;
   view.SetSound(clip == nullptr ? 0 : document.FrameCount(),
                 clip == nullptr ? std::nullopt : std::optional(clip->format.nSamplesPerSec),
                 clip == nullptr ? 0 : clip->format.nBlockAlign);
@@ -119,11 +142,13 @@ void AudioEditWindow::ShowSound() {
 
 void AudioEditWindow::SoundEdited(bool lengthsChanged) {
   const AudioClip* clip = document.Clip();
-  if (clip != nullptr && lengthsChanged) {
+  ++soundRevision;
+  if (clip == nullptr) {
+    view.SoundChanged(0, std::nullopt, 0);
+  } else if (lengthsChanged) {
     view.SoundChanged(document.FrameCount(), clip->format.nSamplesPerSec, clip->format.nBlockAlign);
   }
-  pictureValid = false;
-  update();
+  Repaint();
 }
 
 MousePoint AudioEditWindow::MouseNow() const {
@@ -144,37 +169,38 @@ double AudioEditWindow::VisibleShare() const {
 }
 
 void AudioEditWindow::KeepPicture(const PaintArea& area) {
-  if (pictureValid && area == pictureArea) {
+  const PictureKey wanted{area, view.FirstVisibleFrame(), view.FramesOnScreen(), soundRevision};
+  if (wanted == pictureKey) {
     return;
   }
   if (picture.size() != QSize(area.width, area.height)) {
     picture = QImage(area.width, area.height, QImage::Format_RGB32);
   }
-  pictureArea = area;
-  pictureValid = true;
+  pictureKey = wanted;
+  scrolledPicture = QImage();
   if (!picture.isNull()) {
-    PaintPicture(RasterOf(picture), document.Clip(), area, view.FirstVisibleFrame(), view.FramesOnScreen());
+    PaintPicture(RasterOf(picture), document.Clip(), area, wanted.first, wanted.framesOnScreen);
   }
 }
 
 void AudioEditWindow::PaintSelection(QPainter& painter) {
-  const PixelRect strip = StripOf(pictureArea, view.SelectionStrip());
+  const PixelRect strip = StripOf(pictureKey.area, view.SelectionStrip());
   if (strip.Empty()) {
     return;
   }
-  QImage under = picture.copy(strip.x, strip.y, strip.width, strip.height);
+  QImage under = Shown().copy(strip.x, strip.y, strip.width, strip.height);
   InvertStrip(RasterOf(under), {0, 0, strip.width, strip.height});
   painter.drawImage(strip.x, strip.y, under);
 }
 
 void AudioEditWindow::PaintCursor(QPainter& painter) {
-  const std::int64_t x =
-      FrameToPixel(view.CursorFrame(), view.FirstVisibleFrame(), view.FramesOnScreen(), pictureArea.width);
-  const PixelRect strip = CursorStrip(pictureArea, x);
+  const std::int64_t x = FrameToPixel(view.CursorFrame(), view.FirstVisibleFrame(), view.FramesOnScreen(),
+                                      pictureKey.area.width);
+  const PixelRect strip = CursorStrip(pictureKey.area, x);
   if (strip.Empty()) {
     return;
   }
-  QImage under = picture.copy(strip.x, strip.y, strip.width, strip.height);
+  QImage under = Shown().copy(strip.x, strip.y, strip.width, strip.height);
   LayCursor(RasterOf(under), {0, 0, strip.width, strip.height});
   painter.drawImage(strip.x, strip.y, under);
 }
@@ -202,7 +228,7 @@ void AudioEditWindow::paintEvent(QPaintEvent* /*event*/) {
   {
     QPainter painter(this);
     KeepPicture(UseDevicePixels(painter, *this));
-    painter.drawImage(0, 0, picture);
+    painter.drawImage(0, 0, Shown());
     PaintSelection(painter);
     if (view.CursorShown()) {
       PaintCursor(painter);
@@ -212,7 +238,6 @@ void AudioEditWindow::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void AudioEditWindow::resizeEvent(QResizeEvent* /*event*/) {
-  pictureValid = false;
   view.SetClientSize(width(), height());
 }
 
@@ -271,39 +296,10 @@ void AudioEditWindow::mouseReleaseEvent(QMouseEvent* event) {
 
 void AudioEditWindow::mouseDoubleClickEvent(QMouseEvent* /*event*/) {}
 
-// Keys of the zoom: Control with plus, minus and zero; with Control, Shift and the arrows the vertical one.
-bool AudioEditWindow::ZoomByKey(int key, bool shift) {
-  switch (key) {
-    case Qt::Key_Plus:
-    case Qt::Key_Equal:
-      view.ZoomIn();
-      return true;
-    case Qt::Key_Minus:
-    case Qt::Key_Underscore:
-      view.ZoomOut();
-      return true;
-    case Qt::Key_0:
-      view.ZoomAll();
-      return true;
-    case Qt::Key_Up:
-      if (shift) {
-        view.VerticalZoomIn();
-      }
-      return shift;
-    case Qt::Key_Down:
-      if (shift) {
-        view.VerticalZoomOut();
-      }
-      return shift;
-    default:
-      return false;
-  }
-}
-
 void AudioEditWindow::keyPressEvent(QKeyEvent* event) {
   const bool control = event->modifiers().testFlag(Qt::ControlModifier);
   const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
-  if (control && ZoomByKey(event->key(), shift)) {
+  if (control && RunViewCommand(view, ZoomCommandOf(event->key(), shift))) {
     return;
   }
   const std::optional<EditKey> key = EditKeyOf(event->key());
@@ -319,7 +315,7 @@ void AudioEditWindow::focusInEvent(QFocusEvent* event) {
 }
 
 void AudioEditWindow::Repaint() {
-  pictureValid = false;
+  scrolledPicture = QImage();
   update();
   Q_EMIT scrolled();
 }
@@ -347,9 +343,21 @@ void AudioEditWindow::VerticalScrollChanged(int topRow, int visibleRows, bool en
   Q_EMIT verticalScrollChanged(topRow, visibleRows, enabled);
 }
 
-// The image moves at once; the next full repaint shows the whole height again.
+// The image moves and the uncovered strip shows what belongs there at full height; the next repaint shows all
+// of it so.
 void AudioEditWindow::VerticalImageScroll(int pixels) {
-  scroll(0, pixels);
+  if (picture.isNull()) {
+    return;
+  }
+  const int rows = pictureKey.area.Scaled(pixels);
+  const QImage before = Shown();
+  QImage moved = picture.copy();
+  {
+    QPainter painter(&moved);
+    painter.drawImage(0, rows, before);
+  }
+  scrolledPicture = moved;
+  update();
 }
 
 void AudioEditWindow::CounterChanged(std::int64_t frame, std::optional<std::uint32_t> rate) {
@@ -403,7 +411,7 @@ void AudioEditWindow::PencilDraw(int x, int y) {
 }
 
 void AudioEditWindow::PencilStripChanged(int fromX, int toX) {
-  pictureValid = false;
+  ++soundRevision;
   update(fromX - 1, 0, toX - fromX + 2, height());
 }
 
@@ -422,6 +430,7 @@ void AudioEditWindow::ActionMenuWanted(int x, int y) {
 }
 
 void AudioEditWindow::Relayout() {
+  Repaint();
   Q_EMIT relayoutWanted();
 }
 

@@ -90,7 +90,16 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void ActionMenuWanted(int x, int y) override;
   void Relayout() override;
 
-  bool ZoomByKey(int key, bool shift);
+  // What the kept picture depends on.
+  struct PictureKey {
+    PaintArea area;
+    std::int64_t first = -1;
+    std::int64_t framesOnScreen = -1;
+    std::uint64_t revision = 0;
+
+    bool operator==(const PictureKey&) const = default;
+  };
+  const QImage& Shown() const { return scrolledPicture.isNull() ? picture : scrolledPicture; }
   void KeepPicture(const PaintArea& area);
   void PaintSelection(QPainter& painter);
   void PaintCursor(QPainter& painter);
@@ -101,10 +110,11 @@ class AudioEditWindow : public QWidget, private EditViewListener {
 
   Document& document;
   EditView view;
-  QImage picture;  // paper, grid and waveform in device pixels
-  PaintArea pictureArea;
-  bool pictureValid = false;
-  int wheelRest = 0;  // eighths of a degree not yet a whole wheel step
+  QImage picture;          // paper, grid and waveform in device pixels, as pictureKey tells
+  QImage scrolledPicture;  // the same moved up or down; null when it is not
+  PictureKey pictureKey;
+  std::uint64_t soundRevision = 0;  // counts the changes of the sound
+  int wheelRest = 0;                // eighths of a degree not yet a whole wheel step
 };
 
 }  // namespace tembrel

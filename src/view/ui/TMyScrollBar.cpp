@@ -20,7 +20,8 @@ TMyScrollBar::TMyScrollBar(Qt::Orientation orientation, QWidget* parent) : QScro
   setFocusPolicy(Qt::NoFocus);
   setContextMenuPolicy(Qt::NoContextMenu);
   connect(this, &QScrollBar::actionTriggered, this, &TMyScrollBar::Act);
-  connect(this, &QScrollBar::sliderReleased, this, [this] { Q_EMIT scrollRequested(4, sliderPosition()); });
+  connect(this, &QScrollBar::sliderPressed, this, [this] { positionAtPress = sliderPosition(); });
+  connect(this, &QScrollBar::sliderReleased, this, &TMyScrollBar::ThumbReleased);
 }
 
 void TMyScrollBar::ShowPosition(int percent, double visibleShare) {
@@ -29,6 +30,14 @@ void TMyScrollBar::ShowPosition(int percent, double visibleShare) {
   setPageStep(static_cast<int>(std::clamp(page, 1.0, static_cast<double>(kLongestPage))));
   if (!isSliderDown()) {
     setValue(percent);
+  }
+}
+
+// A click on the thumb that does not move it asks for nothing: a percent is coarse, and the view may stand
+// between two.
+void TMyScrollBar::ThumbReleased() {
+  if (sliderPosition() != positionAtPress) {
+    Q_EMIT scrollRequested(4, sliderPosition());
   }
 }
 

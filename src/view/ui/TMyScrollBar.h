@@ -24,6 +24,9 @@ class TMyScrollBar : public QScrollBar {
 
  private:
   void Act(int action);
+  void ThumbReleased();
+
+  int positionAtPress = 0;
 };
 
 }  // namespace tembrel
