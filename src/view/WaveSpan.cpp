@@ -5,9 +5,22 @@
 
 namespace tembrel {
 
+namespace {
+
+// Bytes from one channel's sample to the next one's. A frame may be longer than its samples need (24 bits in
+// four bytes each); the sample then stands in the top bytes of its share. A block alignment that cannot be so
+// is not believed.
+std::int64_t ContainerBytes(const WaveFormat& format) {
+  const bool roomy = format.nChannels != 0 && format.nBlockAlign >= FrameSize(format) &&
+                     format.nBlockAlign % format.nChannels == 0;
+  return roomy ? format.nBlockAlign / format.nChannels : BytesPerSample(format.wBitsPerSample);
+}
+
+}  // namespace
+
 std::optional<WaveSpan> WaveSpanOf(const AudioClip& clip, const PaintArea& area, std::int64_t first,
                                    std::int64_t framesOnScreen) {
-  const std::int64_t sampleBytes = BytesPerSample(clip.format.wBitsPerSample);
+  const std::int64_t sampleBytes = ContainerBytes(clip.format);
   const std::int64_t stride = sampleBytes * clip.format.nChannels;
   if (stride == 0 || area.width <= 0 || area.height <= 0 || framesOnScreen <= 0) {
     return std::nullopt;

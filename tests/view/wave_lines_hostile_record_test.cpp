@@ -57,6 +57,19 @@ TEST(WaveLinesOfHostileRecords, HugeFramesThatFitAreDrawn) {
   ExpectLinesInside(clip);
 }
 
+TEST(WaveLinesOfHostileRecords, SamplesInRoomyFramesAreFoundInTheirTopBytes) {
+  // 16 bits in four bytes each, two channels: the two low bytes of each are noise.
+  const AudioClip packed = NoiseClip(16, 2, 50, 255, 7);
+  std::vector<std::uint8_t> roomy;
+  for (std::size_t i = 0; i < packed.dataSize; i += 2) {
+    roomy.insert(roomy.end(), {0x5A, 0xA5, std::to_integer<std::uint8_t>(packed.Bytes()[i]),
+                               std::to_integer<std::uint8_t>(packed.Bytes()[i + 1])});
+  }
+  AudioClip clip = ClipOfBytes(16, 2, roomy);
+  clip.format.nBlockAlign = 8;
+  EXPECT_EQ(WaveLines(clip, {400, 200}, 0, 50), WaveLines(packed, {400, 200}, 0, 50));
+}
+
 TEST(WaveLinesOfHostileRecords, ViewsAtTheEdgesOfTheNumbers) {
   const AudioClip clip = NoiseClip(16, 2, 100, 255, 1);
   const std::int64_t huge = std::int64_t{1} << 62;
