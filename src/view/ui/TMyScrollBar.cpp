@@ -20,8 +20,12 @@ TMyScrollBar::TMyScrollBar(Qt::Orientation orientation, QWidget* parent) : QScro
   setFocusPolicy(Qt::NoFocus);
   setContextMenuPolicy(Qt::NoContextMenu);
   connect(this, &QScrollBar::actionTriggered, this, &TMyScrollBar::Act);
-  connect(this, &QScrollBar::sliderPressed, this, [this] { positionAtPress = sliderPosition(); });
+  connect(this, &QScrollBar::sliderPressed, this, [this] { thumbMoved = false; });
   connect(this, &QScrollBar::sliderReleased, this, &TMyScrollBar::ThumbReleased);
+  connect(this, &QScrollBar::sliderMoved, this, [this](int percent) {
+    thumbMoved = true;
+    Q_EMIT scrollRequested(5, percent);
+  });
 }
 
 void TMyScrollBar::ShowPosition(int percent, double visibleShare) {
@@ -36,7 +40,7 @@ void TMyScrollBar::ShowPosition(int percent, double visibleShare) {
 // A click on the thumb that does not move it asks for nothing: a percent is coarse, and the view may stand
 // between two.
 void TMyScrollBar::ThumbReleased() {
-  if (sliderPosition() != positionAtPress) {
+  if (thumbMoved) {
     Q_EMIT scrollRequested(4, sliderPosition());
   }
 }
@@ -62,7 +66,7 @@ void TMyScrollBar::Act(int action) {
       Q_EMIT scrollRequested(7, kEnd);
       break;
     case SliderMove:
-      Q_EMIT scrollRequested(isSliderDown() ? 5 : 4, sliderPosition());
+      Q_EMIT scrollRequested(4, sliderPosition());
       break;
     default:
       break;

@@ -26,7 +26,7 @@ class TMyScrollBar : public QScrollBar {
   void Act(int action);
   void ThumbReleased();
 
-  int positionAtPress = 0;
+  bool thumbMoved = false;  // since it was pressed
 };
 
 }  // namespace tembrel
