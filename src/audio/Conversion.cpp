@@ -70,7 +70,7 @@ std::optional<MemoryBlock> ConvertBits(MemoryBlock data, std::uint32_t fromBits,
     }
   } else {
     for (std::uint64_t i = 0; i < samples; ++i) {
-      StoreSample16(to, i, (Sample8(from, i) - kSilence8) * 256);
+      StoreSample16(to, i, std::int64_t{Sample8(from, i) - kSilence8} * 256);
     }
   }
   size = static_cast<std::uint32_t>(newSize);

@@ -42,7 +42,7 @@ ProgramPaths PathsBelow(const std::filesystem::path& programFolder) {
 ProgramPaths ChooseProgramPaths(const std::filesystem::path& executable,
                                 const std::filesystem::path& userDataFolder) {
   const std::filesystem::path beside = ProgramFolder(executable.string());
-  const ProgramPaths paths =
+  ProgramPaths paths =
       PathsBelow(IsWritableFolder(beside) || userDataFolder.empty() ? beside : userDataFolder);
   // Without the folder there would be no playing and no recovery; the failure shows when a copy cannot be
   // written.

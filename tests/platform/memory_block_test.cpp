@@ -43,14 +43,14 @@ TEST(MemoryBlock, MovesItsBytesAndLeavesNothingBehind) {
     first.Data()[size - 1] = std::byte{42};
     MemoryBlock second(std::move(first));
     EXPECT_EQ(second.Data(), start);
-    EXPECT_TRUE(first.Empty());  // NOLINT(bugprone-use-after-move): the promise under test
+    EXPECT_TRUE(first.Empty());  // NOLINT(*-use-after-move,clang-analyzer-cplusplus.Move): as promised
     EXPECT_EQ(first.Data(), nullptr);
     MemoryBlock third = std::move(*MemoryBlock::Allocate(50));
     third = std::move(second);
     EXPECT_EQ(third.Data(), start);
     EXPECT_EQ(third.Size(), size);
     EXPECT_EQ(third.Bytes().back(), std::byte{42});
-    EXPECT_TRUE(second.Empty());  // NOLINT(bugprone-use-after-move)
+    EXPECT_TRUE(second.Empty());  // NOLINT(*-use-after-move,clang-analyzer-cplusplus.Move)
   }
 }
 

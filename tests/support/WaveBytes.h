@@ -25,7 +25,7 @@ inline Bytes BytesOf(std::initializer_list<int> values) {
 inline Bytes CountingBytes(std::size_t count) {
   Bytes bytes;
   for (std::size_t i = 0; i < count; ++i) {
-    bytes.push_back(static_cast<std::byte>(i * 7 + 1 & 0xFFU));
+    bytes.push_back(static_cast<std::byte>((i * 7 + 1) & 0xFFU));
   }
   return bytes;
 }
@@ -39,8 +39,11 @@ inline Bytes Samples16(std::initializer_list<int> values) {
   return bytes;
 }
 
+// Byte by byte: GCC 12 takes an insert into a new vector for an overflow.
 inline void Append(Bytes& bytes, std::span<const std::byte> more) {
-  bytes.insert(bytes.end(), more.begin(), more.end());
+  for (const std::byte byte : more) {
+    bytes.push_back(byte);
+  }
 }
 inline void AppendText(Bytes& bytes, std::string_view text) {
   Append(bytes, std::as_bytes(std::span(text)));
