@@ -46,6 +46,7 @@ std::string Plain(std::string_view name) {
 ActionItem PluginMenu(std::span<const std::string> names) {
   ActionItem menu{"&VST Plugins...", 0, true, {}};
   const std::size_t count = std::min(names.size(), std::size_t{kMaxPluginActions});
+  menu.popup.reserve(count);
   int id = kActionFirstPlugin;
   for (const std::string& name : names.first(count)) {
     menu.popup.push_back(Item(Plain(name), id));
@@ -62,6 +63,7 @@ bool IsActionBuilt(int id) {
 
 std::vector<ActionItem> ActionMenu(std::span<const std::string> pluginNames) {
   std::vector<ActionItem> items;
+  items.reserve(kActions.size() + 2);
   for (const auto& [text, id] : kActions) {
     items.push_back(Item(text, id));
   }

@@ -9,6 +9,7 @@ using Entry = std::pair<std::string, int>;
 
 std::vector<Entry> EntriesOf(const std::vector<ActionItem>& items) {
   std::vector<Entry> entries;
+  entries.reserve(items.size());
   for (const ActionItem& item : items) {
     entries.emplace_back(item.text, item.id);
   }

@@ -10,6 +10,7 @@ using Texts = std::vector<std::string>;
 
 Texts TextsOf(const std::vector<AmplitudeLabel>& labels) {
   Texts texts;
+  texts.reserve(labels.size());
   for (const AmplitudeLabel& label : labels) {
     texts.push_back(label.text);
   }
@@ -19,6 +20,7 @@ Texts TextsOf(const std::vector<AmplitudeLabel>& labels) {
 // The rows on which the labels stand.
 std::vector<int> Bottoms(const std::vector<AmplitudeLabel>& labels) {
   std::vector<int> bottoms;
+  bottoms.reserve(labels.size());
   for (const AmplitudeLabel& label : labels) {
     bottoms.push_back(label.box.y + label.box.height);
   }
