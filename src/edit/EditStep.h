@@ -17,13 +17,15 @@ struct EditResult {
   static EditResult Done() { return {true, {}, false}; }
   static EditResult Refused(std::string why) { return {false, std::move(why), true}; }
   static EditResult Noted(std::string what) { return {false, std::move(what), false}; }
+  // The user stopped it: there is nothing to say.
+  static EditResult Cancelled() { return {false, {}, false}; }
 };
 
 struct EditStep {
   // Refuses before anything is recorded; empty when there is nothing to check.
   std::function<EditResult(const AudioClip& clip)> check;
-  // Does the work. All that may fail comes before the first byte changes. Empty: the step is recorded in the
-  // history and changes nothing.
+  // Does the work. All that may fail comes before the first byte changes, except that the user may stop it
+  // where the editor is asked for Proceed(). Empty: the step is recorded in the history and changes nothing.
   std::function<EditResult(ClipEditor& editor)> change;
   bool marksChanged = true;
   bool refreshesLengths = false;  // frame count, stereo flag and format texts are told anew
