@@ -1,7 +1,7 @@
 #include "audio/ProgramPaths.h"
 #include "gtest/gtest.h"
 #include "platform/Paths.h"
-#include "tests/support/FileBytes.h"
+#include "tests/support/EnvironmentValue.h"
 #include "tests/support/OrdinaryUser.h"
 #include "tests/support/ScratchFolder.h"
 
@@ -74,6 +74,8 @@ TEST(ProgramPaths, StandInTheUsersFolderWhenTheProgramFolderIsTooLongOrUnknown) 
 }
 
 TEST(ProgramPaths, OfTheRunningProgramCanBeWritten) {
+  const ScratchFolder scratch;
+  const test::EnvironmentValue data("XDG_DATA_HOME", scratch.Path().string());
   EXPECT_TRUE(IsWritableFolder(FindProgramPaths().tempFolder));
 }
 
