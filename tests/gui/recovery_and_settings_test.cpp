@@ -16,7 +16,7 @@ class RecoveryAndSettingsTest : public QObject {
  private:
   // What a run leaves behind that dies with unsaved changes in `document`.
   static std::filesystem::path Abandon(Desk& desk, int number, const std::string& document) {
-    const std::filesystem::path copy = desk.paths.TempWavePath(number);
+    std::filesystem::path copy = desk.paths.TempWavePath(number);
     WriteBytes(copy, WaveFile(22050, 16, 1, CountingBytes(400)));
     WriteText(NotePath(copy), document);
     return copy;

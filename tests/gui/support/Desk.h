@@ -65,7 +65,7 @@ class Desk {
   // A WAVE file of `frames` frames of rising samples, below the scratch folder.
   std::filesystem::path MakeWave(const std::string& name, std::size_t frames = 1000, std::uint32_t bits = 16,
                                  std::uint32_t channels = 2, std::uint32_t rate = 44100) const {
-    const std::filesystem::path path = scratch / name;
+    std::filesystem::path path = scratch / name;
     WriteBytes(path, WaveFile(rate, bits, channels, CountingBytes(frames * channels * ((bits + 7) / 8))));
     return path;
   }
