@@ -1,7 +1,7 @@
 """clang-tidy has nothing to say about the sources. check_tidy.py ROOT BUILD
 
-What it said to nothing is remembered in BUILD/lint/tidy until the source, a header it includes, its compile command,
-.clang-tidy or clang-tidy itself changes.
+What it said nothing about is remembered in the user's cache folder, for all clones and build folders, until the source, a
+header it includes, its compile command, .clang-tidy or clang-tidy itself changes.
 """
 
 import concurrent.futures
@@ -48,14 +48,28 @@ def object_of(command):
     return words[words.index("-o") + 1]
 
 
+def without_warnings(command):
+    """The compiler's own warnings are the build's business, and clang does not know all of them."""
+    return shlex.join(word for word in shlex.split(command) if not word.startswith("-W"))
+
+
+def cache_folder():
+    base = os.environ.get("XDG_CACHE_HOME")
+    return (pathlib.Path(base) if base else pathlib.Path.home() / ".cache") / "tembrel-lint"
+
+
 class Tidy:
-    def __init__(self, root, build):
+    def __init__(self, root, build, cache):
         self.root = root
+        self.build = build
+        self.cache = cache
+        self.cache.mkdir(parents=True, exist_ok=True)
         self.folder = build / "lint" / "tidy"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.commands = commands_of(root, build)
         self.included = included_files(build)
-        (self.folder / "compile_commands.json").write_text(json.dumps(list(self.commands.values())))
+        entries = [entry | {"command": without_warnings(entry["command"])} for entry in self.commands.values()]
+        (self.folder / "compile_commands.json").write_text(json.dumps(entries))
         version = subprocess.run(["clang-tidy", "--version"], check=True, capture_output=True).stdout
         self.common = version + (root / ".clang-tidy").read_bytes()
 
@@ -65,16 +79,20 @@ class Tidy:
         if not paths:
             return None
         own = [path for path in paths if self.root in path.parents and path.is_file()]
-        digest = hashlib.sha256(self.common + entry["command"].encode())
+        digest = hashlib.sha256(self.common + self.anywhere(entry["command"]).encode())
         for path in [pathlib.Path(entry["file"]), *sorted(own)]:
-            digest.update(str(path).encode() + b"\0" + path.read_bytes())
+            digest.update(self.anywhere(str(path)).encode() + b"\0" + hashlib.sha256(path.read_bytes()).digest())
         return digest.hexdigest()
+
+    def anywhere(self, text):
+        """The text with the same words for the project's folders wherever they are."""
+        return text.replace(str(self.build), "BUILD").replace(str(self.root), "ROOT")
 
     def problem(self, source):
         """clang-tidy's words about the source, "" for none."""
         entry = self.commands[source]
         key = self.key(entry)
-        remembered = self.folder / f"{key}.clean"
+        remembered = self.cache / f"{key}.clean"
         if key and remembered.exists():
             return ""
         run = subprocess.run(["clang-tidy", "--quiet", "-p", str(self.folder), str(source)],
@@ -95,4 +113,5 @@ class Tidy:
 
 
 if __name__ == "__main__":
-    project_files.report(Tidy(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()).problems())
+    folders = [pathlib.Path(name).resolve() for name in sys.argv[1:3]]
+    project_files.report(Tidy(*folders, cache_folder()).problems())
