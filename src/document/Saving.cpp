@@ -23,7 +23,9 @@ WriteResult WriteWithProgress(const AudioClip& clip, const std::filesystem::path
                       });
 }
 
-bool SaveTo(const std::filesystem::path& path, Document& document, Prompts& prompts) {
+}  // namespace
+
+bool SaveDocumentTo(const std::filesystem::path& path, Document& document, Prompts& prompts) {
   const AudioClip* clip = document.Clip();
   if (clip == nullptr) {
     prompts.Error("There is no sound to save.");
@@ -50,14 +52,12 @@ bool SaveTo(const std::filesystem::path& path, Document& document, Prompts& prom
   return result.ok;
 }
 
-}  // namespace
-
 bool SaveDocument(Document& document, Prompts& prompts) {
   if (document.Clip() != nullptr && document.FileName().empty()) {
     prompts.Error("This document has no name yet. Use Save As.");
     return false;
   }
-  return SaveTo(document.FileName(), document, prompts);
+  return SaveDocumentTo(document.FileName(), document, prompts);
 }
 
 std::optional<std::filesystem::path> SaveDocumentAs(Document& document, Prompts& prompts) {
@@ -71,7 +71,7 @@ std::optional<std::filesystem::path> SaveDocumentAs(Document& document, Prompts&
   if (std::filesystem::exists(path, error) && !prompts.AskYesNo(path.string() + " exists. Overwrite?")) {
     return std::nullopt;
   }
-  if (!SaveTo(path, document, prompts)) {
+  if (!SaveDocumentTo(path, document, prompts)) {
     return std::nullopt;
   }
   return path;

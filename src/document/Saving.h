@@ -15,6 +15,9 @@ namespace tembrel {
 // false.
 bool SaveDocument(Document& document, Prompts& prompts);
 
+// The same under any name, by its extension, overwriting what is there. The document keeps its own name.
+bool SaveDocumentTo(const std::filesystem::path& path, Document& document, Prompts& prompts);
+
 // Asks for a name and a format and saves there. The document keeps its own name: a later Save goes to the old
 // file again. Returns the path written, or nothing when the user stepped back or it failed (which was said).
 std::optional<std::filesystem::path> SaveDocumentAs(Document& document, Prompts& prompts);

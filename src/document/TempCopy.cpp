@@ -60,6 +60,9 @@ std::filesystem::path NotePath(const std::filesystem::path& tempWave) {
 }
 
 std::optional<TempCopy> TempCopy::Create(const ProgramPaths& paths, long long number) {
+  if (paths.tempFolder.empty()) {
+    return std::nullopt;
+  }
   for (int i = 0; i < kNamesTried; ++i) {
     const std::filesystem::path path = paths.TempWavePath(number + i);
     std::error_code error;

@@ -10,17 +10,6 @@
 
 namespace tembrel {
 
-namespace {
-
-// Neighbouring columns of a dense waveform begin their dashes at different points, so that the gaps make an
-// even weave and no holes that follow the outline. Every column begins with a dash: its top is always seen.
-int DashStartOfColumn(int x) {
-  constexpr std::array kStarts{0, 12, 6};
-  return kStarts.at(static_cast<std::size_t>(std::max(x, 0)) % kStarts.size());
-}
-
-}  // namespace
-
 Pen PenOf(Layer layer, const PaintArea& area, bool denseWave) {
   const int thickness = std::max(1, static_cast<int>(std::floor(area.Scale())));
   switch (layer) {
@@ -35,6 +24,13 @@ Pen PenOf(Layer layer, const PaintArea& area, bool denseWave) {
       break;
   }
   return {kWaveColor, denseWave ? 1 : thickness, PenStyle::Dash, thickness};
+}
+
+// Neighbouring columns of a dense waveform begin their dashes at different points, so that the gaps make an
+// even weave and no holes that follow the outline. Every column begins with a dash: its top is always seen.
+int DashStartOfColumn(int x) {
+  constexpr std::array kStarts{0, 12, 6};
+  return kStarts.at(static_cast<std::size_t>(std::max(x, 0)) % kStarts.size());
 }
 
 void PaintPicture(const Raster& raster, const AudioClip* clip, const PaintArea& area, std::int64_t first,

@@ -22,6 +22,9 @@ inline constexpr int kCursorWidth = 3;           // logical pixels
 // are one device pixel each.
 Pen PenOf(Layer layer, const PaintArea& area, bool denseWave);
 
+// Where in the dash pattern (Pen::patternStart) the column x of a dense waveform begins.
+int DashStartOfColumn(int x);
+
 // Paints the whole area into the raster's top left corner: paper, grid, waveform. Without a clip only the
 // grid, in the mono layout at 44100 Hz.
 void PaintPicture(const Raster& raster, const AudioClip* clip, const PaintArea& area, std::int64_t first,

@@ -1,0 +1,45 @@
+// The program's questions in a script: an error is kept to become the reason the command failed, a question
+// is answered No, and long tasks tell their progress on a stream.
+#pragma once
+
+#include <ostream>
+#include <utility>
+
+#include "audio/Progress.h"
+#include "document/Prompts.h"
+
+namespace tembrel {
+
+class BatchPrompts final : public Prompts {
+ public:
+  // `progressOutput` gets a line every tenth of a long task, or is null for none; it outlives this object and
+  // the displays.
+  explicit BatchPrompts(std::ostream* progressOutput) : output(progressOutput) {}
+
+  // What was last said in an error or a note; empty when nothing was said since the last call.
+  std::string TakeMessage() { return std::exchange(message, {}); }
+
+  void Error(const std::string& text) override { message = text; }
+  void Inform(const std::string& text) override { message = text; }
+  bool AskYesNo(const std::string& /*text*/) override { return false; }
+  Answer AskYesNoCancel(const std::string& /*text*/, const std::string& /*title*/) override {
+    return Answer::No;
+  }
+  std::optional<std::filesystem::path> AskOpenPath(const std::vector<FileFilter>& /*filters*/) override {
+    return std::nullopt;
+  }
+  std::optional<SaveChoice> AskSavePath(const std::vector<FileFilter>& /*filters*/,
+                                        const std::filesystem::path& /*start*/) override {
+    return std::nullopt;
+  }
+  std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) override;
+
+ private:
+  std::ostream* output;
+  std::string message;
+};
+
+// A display's report as the progress function of reading, writing and editing. The display outlives it.
+Progress ProgressOf(ProgressDisplay& display);
+
+}  // namespace tembrel
