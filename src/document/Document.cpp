@@ -49,6 +49,7 @@ void Document::Clear() {
   stereo = false;
   changed = false;
   pencilDown = false;
+  pencilChanges = {};
 }
 
 LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std::string& displayName,
@@ -114,7 +115,7 @@ EditResult Document::CheckEditable() const {
   return EditResult::Refused(notice.empty() ? "There is no sound to edit." : notice);
 }
 
-EditResult Document::Edit(const EditStep& step, const Progress& progress) {
+EditResult Document::Edit(const EditStep& step) {
   if (!clip) {
     return {};
   }
@@ -127,7 +128,7 @@ EditResult Document::Edit(const EditStep& step, const Progress& progress) {
     return result;
   }
   undo.Push(clip.get());
-  ClipEditor editor(*clip, undo, memory, progress);
+  ClipEditor editor(*clip, undo, memory);
   if (step.change) {
     result = step.change(editor);
   }
@@ -166,8 +167,7 @@ EditResult Document::StepThroughHistory(bool (AudioUndo::*step)(ClipEditor&)) {
 }
 
 EditResult Document::BeginPencil() {
-  const EditResult result =
-      Edit({.check = {}, .change = {}, .marksChanged = false, .refreshesLengths = false});
+  EditResult result = Edit({.check = {}, .change = {}, .marksChanged = false, .refreshesLengths = false});
   pencilDown = result.done;
   return result;
 }
@@ -177,14 +177,17 @@ EditResult Document::DrawPencil(const PencilArea& area, int x, int y) {
     return {};
   }
   ClipEditor editor(*clip, undo, memory);
-  const EditResult result = DrawWithPencil(editor, area, frameCount, x, y);
-  Finish(editor.Changes(), false, false);
+  EditResult result = DrawWithPencil(editor, area, frameCount, x, y);
+  pencilChanges.Add(editor.Changes());
+  if (listener != nullptr && !editor.Changes().Empty()) {
+    listener->SoundChanged(false);
+  }
   return result;
 }
 
 void Document::EndPencil() {
   if (std::exchange(pencilDown, false)) {
-    Finish({}, true, false);
+    Finish(std::exchange(pencilChanges, {}), true, false);
   }
 }
 

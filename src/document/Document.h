@@ -62,8 +62,8 @@ class Document {
 
   // The edit frame. Runs the step: its check, the undo snapshot, its change; then lengths, temporary copy,
   // changed flag and listener follow. Without sound nothing happens and nothing is said; sound that cannot be
-  // edited is refused. A refused, failed or cancelled step leaves document and history as they were.
-  EditResult Edit(const EditStep& step, const Progress& progress = {});
+  // edited is refused. A refused or failed step leaves document and history as they were.
+  EditResult Edit(const EditStep& step);
 
   // One step back or forth. Commands ask CanUndo() and CanRedo() first; called anyway they exchange the sound
   // with the history's working state, which is an empty clip in a document that was never edited.
@@ -72,8 +72,9 @@ class Document {
   bool CanUndo() const { return undo.CanUndo(); }
   bool CanRedo() const { return undo.CanRedo(); }
 
-  // A pencil drag is one step: begun at the press, drawn at every move, ended at the release, which marks the
-  // document changed. Any other edit in between ends it; what is drawn after the end is not.
+  // A pencil drag is one step: begun at the press, drawn at every move, ended at the release, which brings
+  // the temporary copy up to date and marks the document changed. Any other edit in between ends it; what is
+  // drawn after the end is not.
   EditResult BeginPencil();
   EditResult DrawPencil(const PencilArea& area, int x, int y);
   void EndPencil();
@@ -99,6 +100,7 @@ class Document {
   bool stereo = false;
   bool changed = false;
   bool pencilDown = false;
+  ClipChanges pencilChanges;  // since the press
 };
 
 }  // namespace tembrel

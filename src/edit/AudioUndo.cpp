@@ -1,6 +1,7 @@
 #include "edit/AudioUndo.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace tembrel {
@@ -12,13 +13,6 @@ void MoveDown(std::array<UndoSlot, kUndoSteps>& slots) {
     slots.at(i).version = slots.at(i + 1).version;  // tags stay where they are
   }
   slots.back().version.reset();
-}
-
-void AddOnce(std::vector<std::shared_ptr<ClipVersion>>& versions,
-             const std::shared_ptr<ClipVersion>& version) {
-  if (version && std::ranges::find(versions, version) == versions.end()) {
-    versions.push_back(version);
-  }
 }
 
 }  // namespace
@@ -45,6 +39,10 @@ void AudioUndo::Push(const AudioClip* clip) {
     MoveDown(history.redoSlots);
   }
   history.topIndex = history.currentIndex;
+  for (auto i = static_cast<std::size_t>(history.topIndex); i < history.undoSlots.size(); ++i) {
+    history.undoSlots.at(i).version.reset();
+    history.redoSlots.at(i).version.reset();
+  }
   Store(history.currentIndex, history.undoSlots);
   Store(history.currentIndex, history.redoSlots);
 }
@@ -123,19 +121,22 @@ void AudioUndo::Restore(int index, const Slots& slots) {
   }
 }
 
-std::vector<std::shared_ptr<ClipVersion>> AudioUndo::Versions() const {
-  std::vector<std::shared_ptr<ClipVersion>> versions;
+std::vector<ClipVersion*> AudioUndo::Versions() const {
+  std::vector<ClipVersion*> versions;
   const auto add = [&versions](const History& from) {
     for (std::size_t i = 0; i < from.undoSlots.size(); ++i) {
-      AddOnce(versions, from.undoSlots.at(i).version);
-      AddOnce(versions, from.redoSlots.at(i).version);
+      versions.push_back(from.undoSlots.at(i).version.get());
+      versions.push_back(from.redoSlots.at(i).version.get());
     }
-    AddOnce(versions, from.workingClip);
+    versions.push_back(from.workingClip.get());
   };
   add(history);
   if (before) {
     add(*before);
   }
+  std::ranges::sort(versions, std::less<>());
+  versions.erase(std::unique(versions.begin(), versions.end()), versions.end());
+  std::erase(versions, nullptr);
   return versions;
 }
 

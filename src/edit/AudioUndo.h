@@ -59,7 +59,7 @@ class AudioUndo : public VersionKeeper {
     return history.redoSlots.at(static_cast<std::size_t>(index));
   }
 
-  std::vector<std::shared_ptr<ClipVersion>> Versions() const override;
+  std::vector<ClipVersion*> Versions() const override;
   // What a push replaced goes first, then the undo steps from the oldest on, then the redo steps from the
   // farthest on, last the working state.
   bool ForgetOldest() override;

@@ -20,4 +20,14 @@ void ClipChanges::AddShift(std::int64_t offset) {
   shiftedFrom = std::min(shiftedFrom.value_or(offset), offset);
 }
 
+void ClipChanges::Add(const ClipChanges& later) {
+  for (const ByteRange& range : later.ranges) {
+    AddOverwrite(range);
+  }
+  if (later.shiftedFrom) {
+    AddShift(*later.shiftedFrom);
+  }
+  all = all || later.all;
+}
+
 }  // namespace tembrel

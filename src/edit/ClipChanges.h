@@ -23,6 +23,8 @@ class ClipChanges {
   void AddShift(std::int64_t offset);
   // Everything, the format record included.
   void AddAll() { all = true; }
+  // Changes made after these ones.
+  void Add(const ClipChanges& later);
 
   bool Empty() const { return !all && !shiftedFrom && ranges.empty(); }
   bool All() const { return all; }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <ranges>
 #include <utility>
 
 namespace tembrel {
@@ -17,10 +16,10 @@ bool LiesWithin(std::uint64_t offset, std::uint64_t length, std::uint64_t size) 
 }
 
 // The stretches of live bytes within [offset, end) that any of the versions consists of, joined and in order.
-std::vector<ByteRange> NeededRanges(const std::vector<std::shared_ptr<ClipVersion>>& versions,
-                                    std::uint64_t offset, std::uint64_t end) {
+std::vector<ByteRange> NeededRanges(const std::vector<ClipVersion*>& versions, std::uint64_t offset,
+                                    std::uint64_t end) {
   std::vector<ByteRange> found;
-  for (const auto& version : versions) {
+  for (const ClipVersion* const version : versions) {
     for (const ClipPiece& piece : version->pieces) {
       const std::uint64_t from = std::max(piece.offset, offset);
       const std::uint64_t to = std::min(piece.End(), end);
@@ -61,6 +60,11 @@ std::optional<std::span<std::byte>> ClipEditor::Overwrite(std::uint64_t offset, 
   return clip.Bytes().subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(length));
 }
 
+void ClipEditor::Keep(std::uint64_t offset, std::uint64_t length) {
+  const std::uint64_t start = std::min<std::uint64_t>(offset, clip.dataSize);
+  Preserve(start, std::min(length, clip.dataSize - start));
+}
+
 std::optional<std::span<std::byte>> ClipEditor::Splice(std::uint64_t offset, std::uint64_t oldLength,
                                                        std::uint64_t newLength) {
   if (!LiesWithin(offset, oldLength, clip.dataSize)) {
@@ -85,7 +89,7 @@ bool ClipEditor::ReplaceAll(MemoryBlock data, std::uint64_t size, const WaveForm
   if (!FitsIn(size)) {
     return false;
   }
-  const auto old = std::make_shared<SavedBytes>(std::exchange(clip.data, std::move(data)));
+  const auto old = std::make_shared<SavedBytes>(SavedBytes{std::exchange(clip.data, std::move(data))});
   RelocateAll({{nullptr, 0, clip.dataSize, old, 0}});
   clip.dataSize = static_cast<std::uint32_t>(size);
   clip.format = format;
@@ -100,10 +104,6 @@ std::optional<MemoryBlock> ClipEditor::Allocate(std::uint64_t size) {
     refusalText = kNoMemory;
   }
   return block;
-}
-
-bool ClipEditor::Proceed(std::uint64_t done, std::uint64_t total) {
-  return !progress || progress(done, total) || versionsLost;
 }
 
 std::vector<ClipEditor::Patch> ClipEditor::PatchesTo(const ClipVersion& version, std::uint64_t liveSize) {
@@ -134,8 +134,9 @@ bool ClipEditor::ReserveFor(const ClipVersion& version) {
   }
   std::uint64_t size = clip.dataSize;
   std::uint64_t largest = size;
-  for (const Patch& patch : std::views::reverse(PatchesTo(version, clip.dataSize))) {
-    size = size - patch.oldLength + patch.newLength;
+  const std::vector<Patch> patches = PatchesTo(version, clip.dataSize);
+  for (auto patch = patches.rbegin(); patch != patches.rend(); ++patch) {
+    size = size - patch->oldLength + patch->newLength;
     largest = std::max(largest, size);
   }
   return Grow(largest);
@@ -148,12 +149,13 @@ void ClipEditor::Restore(const std::shared_ptr<ClipVersion>& version) {
   } else {
     // From the end to the start: a patch that changes the length moves nothing that is still to be patched.
     std::vector<Relocation> moves;
-    for (const Patch& patch : std::views::reverse(PatchesTo(*version, clip.dataSize))) {
-      if (patch.oldLength == patch.newLength) {
-        Exchange(patch, moves);
+    const std::vector<Patch> patches = PatchesTo(*version, clip.dataSize);
+    for (auto patch = patches.rbegin(); patch != patches.rend(); ++patch) {
+      if (patch->oldLength == patch->newLength) {
+        Exchange(*patch, moves);
       } else {
         RelocateAll(std::exchange(moves, {}));
-        Replace(patch);
+        Replace(*patch);
       }
     }
     RelocateAll(std::move(moves));
@@ -224,13 +226,12 @@ void ClipEditor::Preserve(std::uint64_t offset, std::uint64_t length) {
     }
     std::optional<MemoryBlock> block = memory.allocate(static_cast<std::size_t>(total));
     if (!block) {
-      versionsLost = true;
       if (keeper.ForgetOldest()) {
         continue;
       }
       return;
     }
-    const auto saved = std::make_shared<SavedBytes>(std::move(*block));
+    const auto saved = std::make_shared<SavedBytes>(SavedBytes{std::move(*block)});
     std::vector<Relocation> moves;
     std::uint64_t at = 0;
     for (const ByteRange& range : needed) {
@@ -256,7 +257,7 @@ void ClipEditor::MoveTail(std::uint64_t offset, std::uint64_t oldLength, std::ui
                  static_cast<std::size_t>(clip.dataSize - tail));
   }
   const auto distance = static_cast<std::int64_t>(newLength) - static_cast<std::int64_t>(oldLength);
-  for (const auto& version : Versions()) {
+  for (ClipVersion* const version : Versions()) {
     version->Shift(tail, distance);
   }
   clip.dataSize = static_cast<std::uint32_t>(clip.dataSize - oldLength + newLength);
@@ -268,7 +269,7 @@ void ClipEditor::RelocateAll(std::vector<Relocation> moves) {
     return;
   }
   SortRelocations(moves);
-  for (const auto& version : Versions()) {
+  for (ClipVersion* const version : Versions()) {
     version->Relocate(moves);
   }
 }
@@ -297,10 +298,10 @@ bool ClipEditor::Grow(std::uint64_t newSize) {
   return false;
 }
 
-std::vector<std::shared_ptr<ClipVersion>> ClipEditor::Versions() const {
-  std::vector<std::shared_ptr<ClipVersion>> versions = keeper.Versions();
-  if (restoring && std::ranges::find(versions, restoring) == versions.end()) {
-    versions.push_back(restoring);
+std::vector<ClipVersion*> ClipEditor::Versions() const {
+  std::vector<ClipVersion*> versions = keeper.Versions();
+  if (restoring && std::ranges::find(versions, restoring.get()) == versions.end()) {
+    versions.push_back(restoring.get());
   }
   return versions;
 }

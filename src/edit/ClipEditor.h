@@ -7,11 +7,9 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "audio/AudioClip.h"
-#include "audio/Progress.h"
 #include "edit/ClipChanges.h"
 #include "edit/ClipVersion.h"
 #include "edit/EditMemory.h"
@@ -23,7 +21,7 @@ class VersionKeeper {
  public:
   virtual ~VersionKeeper() = default;
   // Every version kept, each once.
-  virtual std::vector<std::shared_ptr<ClipVersion>> Versions() const = 0;
+  virtual std::vector<ClipVersion*> Versions() const = 0;
   // Memory is short: gives up the version that is missed least. False when there is none left.
   virtual bool ForgetOldest() = 0;
 
@@ -37,16 +35,19 @@ class VersionKeeper {
 // a change: where it is short, versions are given up, in the end all of them.
 class ClipEditor {
  public:
-  // Clip, keeper and memory outlive the editor, which lives for one edit.
-  ClipEditor(AudioClip& editedClip, VersionKeeper& versionKeeper, const EditMemory& editMemory,
-             Progress editProgress = {})
-      : clip(editedClip), keeper(versionKeeper), memory(editMemory), progress(std::move(editProgress)) {}
+  // All three outlive the editor, which lives for one edit.
+  ClipEditor(AudioClip& editedClip, VersionKeeper& versionKeeper, const EditMemory& editMemory)
+      : clip(editedClip), keeper(versionKeeper), memory(editMemory) {}
 
   const AudioClip& Clip() const { return clip; }
 
   // The clip's bytes [offset, offset + length), to be changed in place; they hold their old values. Refused
   // when they are not all within the clip.
   std::optional<std::span<std::byte>> Overwrite(std::uint64_t offset, std::uint64_t length);
+
+  // Puts aside in one go what versions need of these bytes, as far as they are within the clip: for many
+  // small changes that will follow there.
+  void Keep(std::uint64_t offset, std::uint64_t length);
 
   // Replaces [offset, offset + oldLength) by newLength bytes of undefined content, which are returned to be
   // filled; what stood behind stands behind the new bytes. Ends spans given out before. Refused when the
@@ -65,10 +66,6 @@ class ClipEditor {
 
   // A block for the edit's own use; refused when there is no memory.
   std::optional<MemoryBlock> Allocate(std::uint64_t size);
-
-  // Tells how far the edit is; false when it is to be given up, and can be: once versions were given up for
-  // want of memory there is no way back.
-  bool Proceed(std::uint64_t done, std::uint64_t total);
 
   // What all calls so far changed.
   const ClipChanges& Changes() const { return changes; }
@@ -95,13 +92,11 @@ class ClipEditor {
   void Trim();
   bool FitsIn(std::uint64_t newSize);
   bool Grow(std::uint64_t newSize);
-  std::vector<std::shared_ptr<ClipVersion>> Versions() const;
+  std::vector<ClipVersion*> Versions() const;
 
   AudioClip& clip;
   VersionKeeper& keeper;
   const EditMemory& memory;
-  Progress progress;
-  bool versionsLost = false;
   std::shared_ptr<ClipVersion> restoring;
   ClipChanges changes;
   std::string refusalText;

@@ -15,6 +15,9 @@ constexpr int kStereoGap = 12;
 constexpr int kStereoTop = 3;
 constexpr int kFramesPerPixel = 4;  // no pencil where more are shown
 constexpr int kFramesTested = 3;
+// A drag sets a few samples a move; what stands in view is put aside in one piece instead. No view that can
+// be drawn in shows more.
+constexpr std::int64_t kMostKept = std::int64_t{1} << 20U;
 constexpr std::int64_t kReach8 = 5;
 constexpr std::int64_t kReach16 = 1000;
 
@@ -91,6 +94,12 @@ EditResult DrawWithPencil(ClipEditor& editor, const PencilArea& area, std::int64
       {FrameUnder(area, std::int64_t{x} + 1), frameCount, static_cast<std::int64_t>(editor.Clip().Frames())});
   if (first < 0 || first >= end) {
     return EditResult::Done();
+  }
+  const std::int64_t frameSize = format.nBlockAlign;
+  if (area.firstVisibleFrame >= 0 && area.framesOnScreen > 0 &&
+      area.framesOnScreen <= kMostKept / frameSize) {
+    editor.Keep(static_cast<std::uint64_t>(area.firstVisibleFrame * frameSize),
+                static_cast<std::uint64_t>(area.framesOnScreen * frameSize));
   }
   const auto count = static_cast<std::uint64_t>(end - first);
   const auto bytes =
