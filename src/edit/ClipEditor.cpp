@@ -106,6 +106,10 @@ std::optional<MemoryBlock> ClipEditor::Allocate(std::uint64_t size) {
   return block;
 }
 
+bool ClipEditor::Proceed(std::uint64_t done, std::uint64_t total) {
+  return !progress || progress(done, total) || versionsLost;
+}
+
 std::vector<ClipEditor::Patch> ClipEditor::PatchesTo(const ClipVersion& version, std::uint64_t liveSize) {
   std::vector<Patch> patches;
   Patch patch;
@@ -226,6 +230,7 @@ void ClipEditor::Preserve(std::uint64_t offset, std::uint64_t length) {
     }
     std::optional<MemoryBlock> block = memory.allocate(static_cast<std::size_t>(total));
     if (!block) {
+      versionsLost = true;
       if (keeper.ForgetOldest()) {
         continue;
       }

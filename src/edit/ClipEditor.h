@@ -7,9 +7,11 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "audio/AudioClip.h"
+#include "audio/Progress.h"
 #include "edit/ClipChanges.h"
 #include "edit/ClipVersion.h"
 #include "edit/EditMemory.h"
@@ -35,9 +37,10 @@ class VersionKeeper {
 // a change: where it is short, versions are given up, in the end all of them.
 class ClipEditor {
  public:
-  // All three outlive the editor, which lives for one edit.
-  ClipEditor(AudioClip& editedClip, VersionKeeper& versionKeeper, const EditMemory& editMemory)
-      : clip(editedClip), keeper(versionKeeper), memory(editMemory) {}
+  // Clip, keeper and memory outlive the editor, which lives for one edit.
+  ClipEditor(AudioClip& editedClip, VersionKeeper& versionKeeper, const EditMemory& editMemory,
+             Progress editProgress = {})
+      : clip(editedClip), keeper(versionKeeper), memory(editMemory), progress(std::move(editProgress)) {}
 
   const AudioClip& Clip() const { return clip; }
 
@@ -66,6 +69,10 @@ class ClipEditor {
 
   // A block for the edit's own use; refused when there is no memory.
   std::optional<MemoryBlock> Allocate(std::uint64_t size);
+
+  // Tells how far the edit is; false when it is to be given up, and can be: once versions were given up for
+  // want of memory there is no way back.
+  bool Proceed(std::uint64_t done, std::uint64_t total);
 
   // What all calls so far changed.
   const ClipChanges& Changes() const { return changes; }
@@ -97,6 +104,8 @@ class ClipEditor {
   AudioClip& clip;
   VersionKeeper& keeper;
   const EditMemory& memory;
+  Progress progress;
+  bool versionsLost = false;
   std::shared_ptr<ClipVersion> restoring;
   ClipChanges changes;
   std::string refusalText;
