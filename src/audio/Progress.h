@@ -13,4 +13,9 @@ using Progress = std::function<bool(std::uint64_t done, std::uint64_t total)>;
 // Bytes that are moved between two calls.
 inline constexpr std::uint64_t kProgressStep = 8U << 20U;
 
+// The progress of the first or second of two equal parts of some work, told as progress of the whole. `whole`
+// outlives the part.
+Progress FirstHalf(const Progress& whole);
+Progress SecondHalf(const Progress& whole);
+
 }  // namespace tembrel

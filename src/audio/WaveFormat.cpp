@@ -27,7 +27,7 @@ WaveFormat PcmFormat(std::uint32_t rate, std::uint16_t bits, std::uint16_t chann
 
 bool IsEditable(const WaveFormat& format) {
   return format.wFormatTag == kPcmTag && (format.wBitsPerSample == 8 || format.wBitsPerSample == 16) &&
-         (format.nChannels == 1 || format.nChannels == 2) && format.nBlockAlign == FrameSize(format);
+         (format.nChannels == 1 || format.nChannels == 2) && HasPackedFrames(format);
 }
 
 }  // namespace tembrel

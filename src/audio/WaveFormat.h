@@ -44,6 +44,12 @@ std::uint32_t BytesForMilliseconds(std::uint32_t rate, std::uint32_t bits, std::
 // The record of PCM sound with these values, the two derived fields computed.
 WaveFormat PcmFormat(std::uint32_t rate, std::uint16_t bits, std::uint16_t channels);
 
+// True when a frame is its samples and nothing else. WAVE files are written in this way only; a file that is
+// read may leave bytes unused in every frame.
+constexpr bool HasPackedFrames(const WaveFormat& format) {
+  return format.nBlockAlign == FrameSize(format);
+}
+
 // True for the four layouts the program edits: 8 or 16 bits, mono or stereo, frames packed without gaps.
 bool IsEditable(const WaveFormat& format);
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "audio/Conversion.h"
+#include "audio/FormatRecord.h"
 #include "audio/Riff.h"
 #include "audio/RiffReader.h"
 
@@ -16,9 +17,6 @@ namespace tembrel {
 namespace {
 
 constexpr std::uint32_t kWave = FourCc("WAVE");
-constexpr std::size_t kRecordSize = 16;
-constexpr std::uint16_t kFloatTag = 3;
-constexpr std::uint16_t kExtensibleTag = 0xFFFE;
 
 // A file whose headers have been read; the reader stands at the first byte of the data.
 struct OpenWave {
@@ -26,43 +24,6 @@ struct OpenWave {
   WaveFormat format;
   RiffChunk data;
 };
-
-WaveFormat ParseRecord(std::span<const std::byte> record) {
-  WaveFormat format;
-  format.wFormatTag = LoadLe16(record);
-  format.nChannels = LoadLe16(record.subspan(2));
-  format.nSamplesPerSec = LoadLe32(record.subspan(4));
-  format.nAvgBytesPerSec = LoadLe32(record.subspan(8));
-  format.nBlockAlign = LoadLe16(record.subspan(12));
-  format.wBitsPerSample = LoadLe16(record.subspan(14));
-  return format;
-}
-
-// Why a record cannot be loaded; empty when it can. The zeros would be divided by later.
-std::string RecordFault(const WaveFormat& format) {
-  if (format.wFormatTag != kPcmTag) {
-    const std::string tag = " (format " + std::to_string(format.wFormatTag) + ")";
-    if (format.wFormatTag == kFloatTag) {
-      return "its samples are floating-point numbers" + tag;
-    }
-    return (format.wFormatTag == kExtensibleTag ? "its format record is of the extensible kind"
-                                                : "its sound is compressed") +
-           tag;
-  }
-  if (format.nChannels == 0) {
-    return "its format record says it has no channels";
-  }
-  if (format.nSamplesPerSec == 0) {
-    return "its format record says its sample rate is 0";
-  }
-  if (format.nBlockAlign == 0) {
-    return "its format record says its frames have no bytes";
-  }
-  if (format.wBitsPerSample == 0) {
-    return "its format record says its samples have no bits";
-  }
-  return {};
-}
 
 // Why there is no WAVE form in the file, as far as its first bytes tell.
 std::string FormFault(const std::filesystem::path& path) {
@@ -110,13 +71,13 @@ std::optional<OpenWave> OpenWaveFile(const std::filesystem::path& path, std::str
     return std::nullopt;
   }
   std::vector<std::byte> record(recordBytes(formatChunk->size));
-  if (formatChunk->size < kRecordSize || record.size() < kRecordSize ||
+  if (formatChunk->size < kFormatRecordSize || record.size() < kFormatRecordSize ||
       reader->Read(record, reason) != record.size()) {
     reason = reason.empty() ? "its format chunk is too short" : reason;
     return std::nullopt;
   }
-  const WaveFormat format = ParseRecord(record);
-  reason = RecordFault(format);
+  const WaveFormat format = ParseFormatRecord(record);
+  reason = FormatRecordFault(format);
   if (!reason.empty()) {
     return std::nullopt;
   }
@@ -158,7 +119,7 @@ LoadResult LoadClip(const std::filesystem::path& path, std::uint32_t targetRate,
                     std::uint16_t targetChannels, bool convert, const Progress& progress) {
   constexpr const char* kCutShort = "it ends before its data chunk does";
   std::string reason;
-  std::optional<OpenWave> wave = OpenWaveFile(path, reason, [](std::uint32_t) { return kRecordSize; });
+  std::optional<OpenWave> wave = OpenWaveFile(path, reason, [](std::uint32_t) { return kFormatRecordSize; });
   if (!wave) {
     return Failure(reason);
   }

@@ -1,6 +1,4 @@
-#include <csignal>
 #include <string_view>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +7,7 @@
 #include "platform/ReplaceFile.h"
 #include "tests/support/FailingOutput.h"
 #include "tests/support/FileBytes.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/OrdinaryUser.h"
 #include "tests/support/ScratchFolder.h"
 
@@ -16,6 +15,7 @@ namespace tembrel {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FileSizeLimit;
 using test::ScratchFolder;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
@@ -25,27 +25,6 @@ mode_t ModeOf(const fs::path& path) {
   EXPECT_EQ(stat(path.c_str(), &status), 0);
   return status.st_mode & 07777U;
 }
-
-// No file of this process may grow beyond this; writing further fails as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    handlerBefore = std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &limitBefore);
-    const rlimit limit{bytes, limitBefore.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &limitBefore);
-    std::signal(SIGXFSZ, handlerBefore);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit limitBefore{};
-  void (*handlerBefore)(int) = nullptr;
-};
 
 TEST(ReplaceFile, PutsNewContentInPlaceOfTheOldAndLeavesNothingBeside) {
   const ScratchFolder scratch;
