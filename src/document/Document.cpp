@@ -8,19 +8,6 @@ namespace tembrel {
 
 namespace {
 
-constexpr std::uint64_t kHalf = 1U << 20;  // progress of one of the two passes over the sound
-
-// The share of a whole that begins at `start` and is kHalf long.
-Progress HalfOf(const Progress& whole, std::uint64_t start) {
-  if (!whole) {
-    return {};
-  }
-  return [&whole, start](std::uint64_t done, std::uint64_t total) {
-    const double fraction = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
-    return whole(start + static_cast<std::uint64_t>(fraction * static_cast<double>(kHalf)), 2 * kHalf);
-  };
-}
-
 std::string BaseName(const std::string& path) {
   return std::filesystem::path(path).filename().string();
 }
@@ -28,7 +15,7 @@ std::string BaseName(const std::string& path) {
 std::string LookOnlyNotice(const WaveFormat& format) {
   std::string shape = std::to_string(format.wBitsPerSample) + " bits, " + std::to_string(format.nChannels) +
                       (format.nChannels == 1 ? " channel" : " channels");
-  if (format.nBlockAlign != FrameSize(format)) {
+  if (!HasPackedFrames(format)) {
     shape += ", " + std::to_string(format.nBlockAlign) + " bytes per frame";
   }
   return "This sound (" + shape + ") can be looked at but not edited.";
@@ -56,7 +43,7 @@ LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std:
                                const PlaybackFormat& playback, const Progress& progress) {
   Clear();
   LoadResult loaded =
-      LoadClip(wavePath, playback.rate, playback.bits, playback.channels, false, HalfOf(progress, 0));
+      LoadClip(wavePath, playback.rate, playback.bits, playback.channels, false, FirstHalf(progress));
   if (loaded.cancelled) {
     return LoadOutcome::Cancelled;
   }
@@ -64,15 +51,26 @@ LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std:
     FailToLoad(displayName, loaded.reason);
     return LoadOutcome::Failed;
   }
+  if (TakeSound(std::move(loaded.clip), displayName, SecondHalf(progress)) == LoadOutcome::Cancelled) {
+    return LoadOutcome::Cancelled;
+  }
+  std::uint32_t frames = 0;
+  if (ReadWaveInfo(wavePath, frames) != kNoDuration) {
+    frameCount = frames;
+  }
+  return LoadOutcome::Loaded;
+}
+
+LoadOutcome Document::TakeSound(std::unique_ptr<AudioClip> sound, const std::string& displayName,
+                                const Progress& progress) {
+  Clear();
   // The document stays empty until its copy is there too: what is painted meanwhile is no half-loaded sound.
-  if (MakeTempCopy(*loaded.clip, progress) == LoadOutcome::Cancelled) {
+  if (MakeTempCopy(*sound, progress) == LoadOutcome::Cancelled) {
     Clear();
     return LoadOutcome::Cancelled;
   }
-  clip = std::move(loaded.clip);
-  if (ReadWaveInfo(wavePath, frameCount) == kNoDuration) {
-    frameCount = clip->Frames();
-  }
+  clip = std::move(sound);
+  frameCount = clip->Frames();
   stereo = clip->format.nChannels == 2;
   fileName = displayName;
   if (!Editable()) {
@@ -82,11 +80,15 @@ LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std:
 }
 
 LoadOutcome Document::MakeTempCopy(const AudioClip& sound, const Progress& progress) {
-  tempCopy = TempCopy::Create(paths, handle);
+  // WAVE files are written with packed frames only; with gaps it would be a copy of other sound.
+  tempCopy = HasPackedFrames(sound.format) ? TempCopy::Create(paths, handle) : std::nullopt;
   if (!tempCopy) {
     return LoadOutcome::Loaded;
   }
-  const TempCopy::Result result = tempCopy->Write(sound, HalfOf(progress, kHalf));
+  const TempCopy::Result result = tempCopy->Write(sound, progress);
+  if (result == TempCopy::Result::Failed) {
+    tempCopy.reset();  // a part of a copy is of no use, and takes room on a disk that may be full
+  }
   return result == TempCopy::Result::Cancelled ? LoadOutcome::Cancelled : LoadOutcome::Loaded;
 }
 
@@ -94,6 +96,13 @@ void Document::FailToLoad(const std::string& displayName, const std::string& rea
   Clear();
   fileName = displayName;
   notice = BaseName(displayName) + " could not be read: " + reason + ".";
+}
+
+void Document::AdoptName(const std::string& name) {
+  fileName = name;
+  if (changed && tempCopy) {
+    tempCopy->NoteChanged(fileName);
+  }
 }
 
 void Document::SetChanged(bool newValue) {

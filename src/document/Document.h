@@ -33,6 +33,10 @@ class Document {
   LoadOutcome LoadFile(const std::filesystem::path& wavePath, const std::string& displayName,
                        const PlaybackFormat& playback, const Progress& progress = {});
 
+  // Replaces the sound by this one, which is not null. Loaded, or Cancelled with the document empty.
+  LoadOutcome TakeSound(std::unique_ptr<AudioClip> sound, const std::string& displayName,
+                        const Progress& progress = {});
+
   // Empties the document and keeps the name; the notice becomes "<name> could not be read: <reason>."
   void FailToLoad(const std::string& displayName, const std::string& reason);
 
@@ -43,8 +47,15 @@ class Document {
 
   // The document's path as the user opened it; empty for a new document.
   const std::string& FileName() const { return fileName; }
-  // The temporary WAVE copy; empty when there is none.
-  std::filesystem::path TempFileName() const { return tempCopy ? tempCopy->Path() : std::filesystem::path(); }
+  // What the document is called from now on.
+  void AdoptName(const std::string& name);
+  // Whether there is a temporary WAVE copy and it has the sound as it is now. It is missing where the Temp
+  // folder takes no file or the disk is full, and for sound whose frames have gaps.
+  bool HasTempCopy() const { return tempCopy && tempCopy->Complete(); }
+  // That copy's path; empty when there is none.
+  std::filesystem::path TempFileName() const {
+    return HasTempCopy() ? tempCopy->Path() : std::filesystem::path();
+  }
   // Frames as the file's header tells them; after an edit that refreshes the lengths, as the clip has them.
   std::uint32_t FrameCount() const { return frameCount; }
   bool Stereo() const { return stereo; }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 namespace tembrel {
 
@@ -24,6 +23,11 @@ constexpr std::array kKinds{
     KindRow{FileKind::Cdr, ".cdr", ".cdr", "CDR"},
 };
 
+// Not tolower: in a Turkish locale a file's kind would depend on the letter i.
+constexpr char LowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
 }  // namespace
 
 FileKind FileKindOf(const std::filesystem::path& path) {
@@ -33,8 +37,7 @@ FileKind FileKindOf(const std::filesystem::path& path) {
     return FileKind::Unknown;
   }
   std::string prefix = name.substr(dot, kComparedCharacters);
-  std::ranges::transform(prefix, prefix.begin(),
-                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  std::ranges::transform(prefix, prefix.begin(), LowerAscii);
   const auto* row = std::ranges::find(kKinds, prefix, &KindRow::prefix);
   return row == kKinds.end() ? FileKind::Unknown : row->kind;
 }

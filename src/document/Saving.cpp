@@ -42,6 +42,12 @@ bool SaveDocumentTo(const std::filesystem::path& path, Document& document, Promp
                   std::string(FileKindName(kind)) + " files yet.");
     return false;
   }
+  if (!HasPackedFrames(clip->format)) {
+    prompts.Error(path.string() +
+                  " was not saved: every frame of this sound has bytes that belong to no sample, and Tembrel "
+                  "does not write such files.");
+    return false;
+  }
   const WriteResult result = WriteWithProgress(*clip, path, prompts);
   if (!result.ok && !result.cancelled) {
     prompts.Error(path.string() + " could not be saved: " + result.reason + ".");
@@ -54,8 +60,7 @@ bool SaveDocumentTo(const std::filesystem::path& path, Document& document, Promp
 
 bool SaveDocument(Document& document, Prompts& prompts) {
   if (document.Clip() != nullptr && document.FileName().empty()) {
-    prompts.Error("This document has no name yet. Use Save As.");
-    return false;
+    return SaveDocumentAs(document, prompts).has_value();
   }
   return SaveDocumentTo(document.FileName(), document, prompts);
 }
@@ -74,14 +79,22 @@ std::optional<std::filesystem::path> SaveDocumentAs(Document& document, Prompts&
   if (!SaveDocumentTo(path, document, prompts)) {
     return std::nullopt;
   }
+  if (document.FileName().empty()) {
+    // There is no old file that a later Save could go back to.
+    document.AdoptName(path.string());
+  }
   return path;
+}
+
+std::string_view SavePromptTitle(std::string_view title) {
+  return title.substr(0, kLongestPromptTitle);
 }
 
 bool CanClose(const Document& document, Prompts& prompts, const std::function<bool()>& saveActiveDocument) {
   if (!document.Changed()) {
     return true;
   }
-  const std::string title(StringResource(kStringLeavingTitle).substr(0, kLongestPromptTitle));
+  const std::string title(SavePromptTitle(StringResource(kStringLeavingTitle)));
   switch (prompts.AskYesNoCancel(document.FileName() + " has been changed.  Do you wish to save?", title)) {
     case Answer::Yes:
       return saveActiveDocument();

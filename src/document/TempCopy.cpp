@@ -1,6 +1,5 @@
 #include "document/TempCopy.h"
 
-#include <algorithm>
 #include <array>
 #include <span>
 #include <system_error>
@@ -8,6 +7,7 @@
 
 #include "audio/Riff.h"
 #include "audio/WaveWriter.h"
+#include "document/CopyPatch.h"
 #include "platform/OutputFile.h"
 #include "platform/ReplaceFile.h"
 
@@ -22,8 +22,8 @@ constexpr std::uint64_t kDataSizeOffset = 40;
 constexpr std::uint64_t kDataOffset = 44;
 constexpr std::uint32_t kBytesBesideData = 36;
 
-// What follows from a new length: the size fields, the pad byte and the end of the file.
-bool WriteLength(OutputFile& file, std::uint32_t size, std::string& reason) {
+// The size fields, and the pad byte that an odd size asks for.
+bool WriteSizes(OutputFile& file, std::uint32_t size, std::string& reason) {
   const std::uint32_t pad = size % 2;
   std::array<std::byte, 4> riffSize{};
   std::array<std::byte, 4> dataSize{};
@@ -32,31 +32,39 @@ bool WriteLength(OutputFile& file, std::uint32_t size, std::string& reason) {
   constexpr std::array<std::byte, 1> kPad{};
   return (pad == 0 || file.Overwrite(kDataOffset + size, kPad, reason)) &&
          file.Overwrite(kRiffSizeOffset, riffSize, reason) &&
-         file.Overwrite(kDataSizeOffset, dataSize, reason) &&
-         file.SetLength(kDataOffset + size + pad, reason);
+         file.Overwrite(kDataSizeOffset, dataSize, reason);
 }
 
-bool WriteChanges(OutputFile& file, const AudioClip& clip, const ClipChanges& changes, std::string& reason) {
-  const std::int64_t size = clip.dataSize;
-  const std::int64_t unshifted = std::min(changes.ShiftedFrom().value_or(size), size);
-  const auto write = [&](std::int64_t start, std::int64_t end) {
-    const auto offset = static_cast<std::size_t>(start);
-    return start >= end ||
-           file.Overwrite(kDataOffset + offset,
-                          clip.Bytes().subspan(offset, static_cast<std::size_t>(end - start)), reason);
-  };
-  for (const ByteRange& range : changes.Overwritten()) {
-    if (!write(range.start, std::min(range.end, unshifted))) {
+bool WriteChanges(OutputFile& file, const AudioClip& clip, const ClipChanges& changes, std::uint32_t oldSize,
+                  std::string& reason) {
+  for (const PatchStep& step : PlanPatch(changes, oldSize, clip.dataSize)) {
+    const auto start = static_cast<std::size_t>(step.range.start);
+    const auto length = static_cast<std::size_t>(step.range.end - step.range.start);
+    const bool written =
+        step.kind == PatchStep::Kind::kSizes
+            ? WriteSizes(file, clip.dataSize, reason)
+            : file.Overwrite(kDataOffset + start, clip.Bytes().subspan(start, length), reason);
+    if (!written) {
       return false;
     }
   }
-  return !changes.ShiftedFrom() || (write(unshifted, size) && WriteLength(file, clip.dataSize, reason));
+  return !changes.ShiftedFrom() || file.SetLength(kDataOffset + clip.dataSize + clip.dataSize % 2, reason);
+}
+
+WriteResult WriteWhole(const AudioClip& clip, const std::filesystem::path& path, const Progress& progress) {
+  const WaveFormat& format = clip.format;
+  return WriteWave(clip.Bytes(), format.nSamplesPerSec, format.wBitsPerSample, format.nChannels, path,
+                   progress);
 }
 
 }  // namespace
 
 std::filesystem::path NotePath(const std::filesystem::path& tempWave) {
   return std::filesystem::path(tempWave).replace_extension(".txt");
+}
+
+std::filesystem::path PartPath(const std::filesystem::path& tempWave) {
+  return std::filesystem::path(tempWave).replace_extension(".part");
 }
 
 std::optional<TempCopy> TempCopy::Create(const ProgramPaths& paths, long long number) {
@@ -83,14 +91,14 @@ TempCopy::TempCopy(std::filesystem::path wavePath, FileLock fileLock)
 TempCopy::TempCopy(TempCopy&& other) noexcept
     : path(std::exchange(other.path, {})),
       lock(std::exchange(other.lock, std::nullopt)),
-      complete(other.complete) {}
+      state(std::exchange(other.state, {})) {}
 
 TempCopy& TempCopy::operator=(TempCopy&& other) noexcept {
   if (this != &other) {
     Remove();
     path = std::exchange(other.path, {});
     lock = std::exchange(other.lock, std::nullopt);
-    complete = other.complete;
+    state = std::exchange(other.state, {});
   }
   return *this;
 }
@@ -110,36 +118,58 @@ void TempCopy::Remove() {
 }
 
 TempCopy::Result TempCopy::Write(const AudioClip& clip, const Progress& progress) {
-  const WaveFormat& format = clip.format;
-  const WriteResult result =
-      WriteWave(clip.Bytes(), format.nSamplesPerSec, format.wBitsPerSample, format.nChannels, path, progress);
-  complete = result.ok;
+  const WriteResult result = WriteWhole(clip, path, progress);
+  state.complete = result.ok;
+  state.dataSize = clip.dataSize;
   if (result.cancelled) {
     return Result::Cancelled;
   }
   return result.ok ? Result::Written : Result::Failed;
 }
 
+// Writes beside the copy and renames over it: what it holds is worth keeping until there is something newer.
+TempCopy::Result TempCopy::Replace(const AudioClip& clip) {
+  const std::filesystem::path part = PartPath(path);
+  std::optional<FileLock> partLock = FileLock::TryLock(part);
+  std::error_code error;
+  state.complete = partLock && WriteWhole(clip, part, {}).ok;
+  if (state.complete) {
+    std::filesystem::rename(part, path, error);
+    state.complete = !error;
+  }
+  if (!state.complete) {
+    if (partLock) {
+      std::filesystem::remove(part, error);
+    }
+    return Result::Failed;
+  }
+  lock = std::move(partLock);
+  state.dataSize = clip.dataSize;
+  return Result::Written;
+}
+
 TempCopy::Result TempCopy::Update(const AudioClip& clip, const ClipChanges& changes) {
-  if (!complete || changes.All()) {
-    return Write(clip);
+  if (!state.complete || changes.All()) {
+    return state.noted ? Replace(clip) : Write(clip);
   }
   if (changes.Empty()) {
     return Result::Written;
   }
   std::string reason;
   std::optional<OutputFile> file = OutputFile::OpenExisting(path, reason);
-  complete = file && WriteChanges(*file, clip, changes, reason) && file->Close(reason);
-  return complete ? Result::Written : Result::Failed;
+  state.complete = file && WriteChanges(*file, clip, changes, state.dataSize, reason) && file->Close(reason);
+  state.dataSize = clip.dataSize;
+  return state.complete ? Result::Written : Result::Failed;
 }
 
 void TempCopy::NoteChanged(const std::string& name) {
-  WriteWholeFile(NotePath(path), name);
+  state.noted = WriteWholeFile(NotePath(path), name).ok || state.noted;
 }
 
 void TempCopy::NoteUnchanged() {
   std::error_code ignored;
   std::filesystem::remove(NotePath(path), ignored);
+  state.noted = false;
 }
 
 }  // namespace tembrel

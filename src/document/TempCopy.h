@@ -2,6 +2,7 @@
 // when the program dies. It is removed when the document closes.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -30,8 +31,11 @@ class TempCopy {
   // Makes the file the WAVE form of the clip.
   Result Write(const AudioClip& clip, const Progress& progress = {});
   // The same after the clip changed in these places, by writing them alone. After a failure the file is not
-  // to be relied on, and the next update writes the whole.
+  // to be played, and the next update writes the whole. While there is a note, a program that dies on the way
+  // leaves the sound of before, of after, or some of each.
   Result Update(const AudioClip& clip, const ClipChanges& changes);
+  // The file is the WAVE form of the clip that was written last; false after any failure.
+  bool Complete() const { return state.complete; }
 
   // Leaves a note beside the copy that the document `name` has unsaved changes; without a note a copy found
   // at start-up holds nothing that is not in its file.
@@ -39,15 +43,24 @@ class TempCopy {
   void NoteUnchanged();
 
  private:
+  struct State {
+    bool complete = false;
+    bool noted = false;
+    std::uint32_t dataSize = 0;  // bytes of sound in the file, while it is complete
+  };
+
   TempCopy(std::filesystem::path wavePath, FileLock fileLock);
   void Remove();
+  Result Replace(const AudioClip& clip);
 
   std::filesystem::path path;  // empty once moved from
   std::optional<FileLock> lock;
-  bool complete = false;  // the file was the WAVE form of the clip when it was last written
+  State state;
 };
 
 // Where the note of a copy stands: "temp<number>.txt".
 std::filesystem::path NotePath(const std::filesystem::path& tempWave);
+// Where its successor is written while the copy itself is worth keeping: "temp<number>.part".
+std::filesystem::path PartPath(const std::filesystem::path& tempWave);
 
 }  // namespace tembrel

@@ -4,6 +4,7 @@
 
 #include "document/Opening.h"
 #include "tests/document/DocumentFixture.h"
+#include "tests/support/FileSizeLimit.h"
 
 namespace tembrel {
 namespace {
@@ -41,6 +42,7 @@ TEST_F(DocumentLoading, WritesATemporaryCopyNamedByTheWindowAndRemovesIt) {
   {
     Document document(paths, 7);
     document.LoadFile(path, path, {});
+    EXPECT_TRUE(document.HasTempCopy());
     EXPECT_EQ(document.TempFileName(), paths.tempFolder / "temp7.wav");
     EXPECT_EQ(Content(document.TempFileName()), Content(path));
   }
@@ -64,6 +66,46 @@ TEST_F(DocumentLoading, GoesOnWithoutATemporaryCopyWhereNoneCanBeWritten) {
   EXPECT_EQ(document.TempFileName(), "");
   document.SetChanged(true);
   EXPECT_TRUE(document.Changed());
+}
+
+TEST_F(DocumentLoading, DropsACopyThatTheDiskHasNoRoomFor) {
+  const auto path = MakeWave("song.wav");
+  Document document(paths, 7);
+  {
+    const test::FileSizeLimit limit(200);
+    EXPECT_EQ(document.LoadFile(path, path, {}), LoadOutcome::Loaded);
+  }
+  EXPECT_NE(document.Clip(), nullptr);
+  EXPECT_EQ(document.Notice(), "");
+  EXPECT_FALSE(document.HasTempCopy());
+  EXPECT_EQ(document.TempFileName(), "");
+  EXPECT_THAT(TempFiles(), IsEmpty());
+}
+
+TEST_F(DocumentLoading, WritesNoCopyOfFramesWithGaps) {
+  const auto path = MakeWave("gaps.wav", 50, 16, 1);
+  std::string bytes = Content(path);
+  bytes[32] = 4;
+  MakeFile(path, bytes);
+  Document document(paths, 7);
+  EXPECT_EQ(document.LoadFile(path, path, {}), LoadOutcome::Loaded);
+  EXPECT_FALSE(document.HasTempCopy());
+  EXPECT_THAT(TempFiles(), IsEmpty());
+}
+
+TEST_F(DocumentLoading, TakesSoundThatIsInMemory) {
+  auto clip = std::make_unique<AudioClip>();
+  clip->format = PcmFormat(8000, 16, 2);
+  clip->data = std::move(MemoryBlock::Allocate(8).value());
+  clip->dataSize = 8;
+  std::ranges::fill(clip->Bytes(), std::byte{5});
+  Document document(paths, 7);
+  EXPECT_EQ(document.TakeSound(std::move(clip), "name.wav"), LoadOutcome::Loaded);
+  EXPECT_EQ(document.FrameCount(), 2U);
+  EXPECT_TRUE(document.Stereo());
+  EXPECT_EQ(document.FileName(), "name.wav");
+  EXPECT_TRUE(document.HasTempCopy());
+  EXPECT_EQ(Content(document.TempFileName()).size(), 52U);
 }
 
 TEST_F(DocumentLoading, AgainReplacesTheSound) {

@@ -1,8 +1,10 @@
+#include <clocale>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "document/FileFilter.h"
 #include "document/FileKind.h"
+#include "document/Saving.h"
 #include "document/StatusTexts.h"
 #include "document/StringTable.h"
 
@@ -18,6 +20,15 @@ TEST(FileKind, IsToldByFourCharactersOfTheExtensionInAnyCase) {
   EXPECT_EQ(FileKindOf("x.aif"), FileKind::Aiff);
   EXPECT_EQ(FileKindOf("x.wave"), FileKind::Wave);
   EXPECT_EQ(FileKindOf("x.aiffx"), FileKind::Aiff);
+}
+
+TEST(FileKind, DoesNotDependOnTheUsersLanguage) {
+  const std::string before = std::setlocale(LC_ALL, nullptr);
+  if (std::setlocale(LC_ALL, "tr_TR.ISO-8859-9") == nullptr) {
+    GTEST_SKIP() << "needs the Turkish locale, whose small I has no dot";
+  }
+  EXPECT_EQ(FileKindOf("X.AIF"), FileKind::Aiff);
+  std::setlocale(LC_ALL, before.c_str());
 }
 
 TEST(FileKind, IsUnknownWithoutAKnownExtension) {
@@ -73,10 +84,42 @@ TEST(FileFilters, UseTheLastCharacterAsSeparator) {
   EXPECT_TRUE(ParseFileFilters("name without patterns|").empty());
 }
 
-TEST(StringTable, HoldsTheTextsByTheirIds) {
+TEST(StringTable, HoldsTheFilters) {
+  EXPECT_EQ(StringResource(3), "Wave files (*.wav)|*.wav|");
+  EXPECT_EQ(StringResource(4),
+            "Wave files (*.wav)|*.wav|MP3 files (*.mp3)|*.mp3|Ogg Vorbis files (*.ogg)|*.ogg|"
+            "AIFF files (*.aiff)|*.aiff|CDR files (*.cdr)|*.cdr|");
+  EXPECT_EQ(StringResource(5),
+            "Audio files |*.wav;*.mp3;*.ogg;*.aiff;*.cdr|Wave files (*.wav)|*.wav|MP3 files (*.mp3)|*.mp3|"
+            "Ogg Vorbis files (*.ogg)|*.ogg|AIFF files (*.aiff)|*.aiff|CDR files (*.cdr)|*.cdr|");
+}
+
+TEST(StringTable, HoldsTitlesAndWarnings) {
+  EXPECT_EQ(StringResource(908), "The given file extension will be changed to .WAV.");
+  EXPECT_EQ(StringResource(1003), "Save");
   EXPECT_EQ(StringResource(1014), "Leaving Corvane");
   EXPECT_EQ(StringResource(32550), "Document");
+}
+
+TEST(StringTable, HoldsTheToolTips) {
+  EXPECT_EQ(StringResource(833), "Play");
+  EXPECT_EQ(StringResource(834), "Stop");
+  EXPECT_EQ(StringResource(835), "Pause");
+  EXPECT_EQ(StringResource(836), "Record");
+  EXPECT_EQ(StringResource(837), "Time Display");
+  EXPECT_EQ(StringResource(845), "Rewind");
+  EXPECT_EQ(StringResource(846), "Move In Time");
+}
+
+TEST(StringTable, IsEmptyForEveryOtherId) {
+  EXPECT_EQ(StringResource(0), "");
   EXPECT_EQ(StringResource(12345), "");
+}
+
+TEST(SavePromptTitle, HasAtMostNineteenCharacters) {
+  EXPECT_EQ(SavePromptTitle("Leaving Corvane"), "Leaving Corvane");
+  EXPECT_EQ(SavePromptTitle("1234567890123456789"), "1234567890123456789");
+  EXPECT_EQ(SavePromptTitle("12345678901234567890"), "1234567890123456789");
 }
 
 TEST(StatusTexts, NameRateBitsAndChannels) {

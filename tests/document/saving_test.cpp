@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <gmock/gmock.h>
+#include <memory>
 #include <system_error>
+#include <utility>
 
 #include "tests/document/DocumentFixture.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/ScriptedPrompts.h"
 
 namespace tembrel {
@@ -13,6 +16,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
 
 class Saving : public test::DocumentTest {
  protected:
@@ -128,6 +132,104 @@ TEST_F(Saving, InAForeignFormatSaysThatItCannotYet) {
   EXPECT_TRUE(document.Changed());
   ASSERT_EQ(prompts.errors.size(), 1U);
   EXPECT_THAT(prompts.errors[0], HasSubstr("x.mp3"));
+}
+
+TEST_F(Saving, OfFramesWithGapsIsRefusedAndTouchesNothing) {
+  file = MakeWave("gaps.wav", 50, 16, 1);
+  std::string bytes = Content(file);
+  bytes[32] = 4;
+  MakeFile(file, bytes);
+  document.LoadFile(file, file, {});
+  document.SetChanged(true);
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(file), bytes);
+  EXPECT_TRUE(document.Changed());
+  ASSERT_EQ(prompts.errors.size(), 1U);
+  EXPECT_THAT(prompts.errors[0], HasSubstr(file.string() + " was not saved: every frame"));
+}
+
+TEST_F(Saving, ThroughASymbolicLinkWritesTheFileItPointsTo) {
+  Open("song.wav");
+  const auto target = scratch.Path() / "target.wav";
+  std::filesystem::rename(file, target);
+  std::filesystem::create_symlink("target.wav", file);
+  EXPECT_TRUE(SaveDocument(document, prompts));
+  EXPECT_TRUE(std::filesystem::is_symlink(file));
+  EXPECT_EQ(Content(target), original);
+}
+
+TEST_F(Saving, KeepsTheFilesPermissions) {
+  Open("song.wav");
+  const auto permissions = static_cast<std::filesystem::perms>(0640);
+  std::filesystem::permissions(file, permissions);
+  EXPECT_TRUE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(file), original);
+  EXPECT_EQ(std::filesystem::status(file).permissions(), permissions);
+}
+
+TEST_F(Saving, WithoutRoomLeavesFileAndDocumentAsTheyWere) {
+  Open("song.wav");
+  {
+    const test::FileSizeLimit limit(200);
+    EXPECT_FALSE(SaveDocument(document, prompts));
+  }
+  EXPECT_EQ(Content(file), "spoiled");
+  EXPECT_TRUE(document.Changed());
+  ASSERT_EQ(prompts.errors.size(), 1U);
+  EXPECT_THAT(prompts.errors[0], HasSubstr(file.string() + " could not be saved: File too large."));
+  EXPECT_THAT(scratch.Names(), UnorderedElementsAre("program", "song.wav"));
+  EXPECT_TRUE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(file), original);
+}
+
+class SavingTheNameless : public Saving {
+ protected:
+  SavingTheNameless() {
+    auto clip = std::make_unique<AudioClip>();
+    clip->format = PcmFormat(22050, 8, 1);
+    clip->data = std::move(MemoryBlock::Allocate(2).value());
+    clip->dataSize = 2;
+    clip->Bytes()[0] = std::byte{1};
+    clip->Bytes()[1] = std::byte{2};
+    document.TakeSound(std::move(clip), "");
+    document.SetChanged(true);
+  }
+};
+
+TEST_F(SavingTheNameless, AsksForANameAndKeepsIt) {
+  const auto path = scratch.Path() / "named.wav";
+  prompts.saveChoice = SaveChoice{path, 1};
+  EXPECT_TRUE(SaveDocument(document, prompts));
+  EXPECT_EQ(document.FileName(), path);
+  EXPECT_FALSE(document.Changed());
+  EXPECT_EQ(Content(path).size(), 46U);
+  prompts.saveChoice.reset();
+  std::filesystem::remove(path);
+  EXPECT_TRUE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(path).size(), 46U);
+}
+
+TEST_F(SavingTheNameless, SteppedBackFromLeavesItNamelessAndChanged) {
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_EQ(document.FileName(), "");
+  EXPECT_TRUE(document.Changed());
+  EXPECT_THAT(prompts.errors, IsEmpty());
+}
+
+TEST_F(SavingTheNameless, InVainLeavesItNamelessAndChanged) {
+  prompts.saveChoice = SaveChoice{scratch.Path() / "gone" / "named.wav", 1};
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_EQ(document.FileName(), "");
+  EXPECT_TRUE(document.Changed());
+  EXPECT_EQ(prompts.errors.size(), 1U);
+}
+
+TEST_F(SavingTheNameless, NamesItInTheNoteOfLaterChangesToo) {
+  const auto path = scratch.Path() / "named.wav";
+  prompts.saveChoice = SaveChoice{path, 1};
+  SaveDocument(document, prompts);
+  document.SetChanged(true);
+  EXPECT_EQ(Content(NotePath(document.TempFileName())), path.string());
 }
 
 class Closing : public Saving {
