@@ -78,6 +78,27 @@ TEST_F(Recovery, RemovesACopyWithItsNote) {
   EXPECT_THAT(TempFiles(), IsEmpty());
 }
 
+TEST_F(Recovery, KeepsACopyFromOthersUntilItIsDealtWith) {
+  const std::string name = "/music/song.wav";
+  Abandon("temp12", &name);
+  std::vector<AbandonedCopy> copies = FindAbandonedCopies(paths.tempFolder);
+  ASSERT_EQ(copies.size(), 1U);
+  EXPECT_THAT(FindAbandonedCopies(paths.tempFolder), IsEmpty());
+  copies.clear();
+  EXPECT_EQ(FindAbandonedCopies(paths.tempFolder).size(), 1U);
+}
+
+TEST_F(Recovery, RemovesTheSuccessorsThatCopiesDidNotLiveToGet) {
+  const std::string name = "/music/song.wav";
+  Abandon("temp12", &name);
+  MakeFile(paths.tempFolder / "temp12.part", "RIFF");
+  MakeFile(paths.tempFolder / "temp13.part", "RIFF");
+  MakeFile(paths.tempFolder / "temp14.part", "RIFF");
+  const std::optional<FileLock> running = FileLock::TryLock(paths.tempFolder / "temp14.part");
+  EXPECT_EQ(FindAbandonedCopies(paths.tempFolder).size(), 1U);
+  EXPECT_THAT(TempFiles(), ElementsAre("temp12.txt", "temp12.wav", "temp14.part"));
+}
+
 TEST_F(Recovery, OfAMissingFolderFindsNothing) {
   EXPECT_THAT(FindAbandonedCopies(scratch.Path() / "nowhere"), IsEmpty());
 }

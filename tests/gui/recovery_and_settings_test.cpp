@@ -129,14 +129,20 @@ class RecoveryAndSettingsTest : public QObject {
     QVERIFY(std::filesystem::exists(NotePath(copy)));
   }
 
-  void ACopyThatCannotBeReadStays() {
+  void ACopyThatCannotBeReadIsPutAsideAndSaid() {
     Desk desk;
     const std::filesystem::path copy = Abandon(desk, 7, "/lost.wav");
     WriteText(copy, "cut short");
     desk.prompts.answers = {Answer::Yes};
     desk.Client().OfferRecovery();
-    QVERIFY(std::filesystem::exists(copy));
-    QVERIFY(!desk.Active()->Doc().Notice().empty());
+    QTRY_VERIFY(desk.Children().isEmpty());
+    QCOMPARE(desk.prompts.errors.size(), 1U);
+    QVERIFY(desk.prompts.errors.front().find("/lost.wav") != std::string::npos);
+    const std::filesystem::path broken = std::filesystem::path(copy).replace_extension(".broken");
+    QCOMPARE(ReadText(broken), "cut short");
+    QCOMPARE(desk.TempFiles().size(), 1U);
+    desk.Client().OfferRecovery();
+    QCOMPARE(desk.prompts.questions.size(), 1U);
   }
 };
 

@@ -83,35 +83,42 @@ void tembrelMDIClient::SetUp() {
 }
 
 void tembrelMDIClient::OfferRecovery() {
-  const std::vector<AbandonedCopy> copies = FindAbandonedCopies(paths.tempFolder);
+  std::vector<AbandonedCopy> copies = FindAbandonedCopies(paths.tempFolder);
   if (copies.empty()) {
     return;
   }
   const bool recover = prompts.AskYesNo(RecoveryQuestion(copies));
-  for (const AbandonedCopy& copy : copies) {
-    if (!recover) {
-      RemoveAbandonedCopy(copy);
-      continue;
-    }
-    tembrelMDIChild* child =
-        NewChild(copy.documentName.empty() ? NewDocumentTitle() : PathToText(copy.documentName));
-    Document& document = child->Window()->Doc();
-    const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress("Recovering " + copy.documentName);
-    const LoadOutcome outcome = document.LoadFile(
-        copy.wave, copy.documentName, settings.playback,
-        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); });
-    if (outcome == LoadOutcome::Cancelled) {
-      child->CloseUnasked();
-      continue;  // the copy stays for the next start
-    }
-    child->Window()->ShowLoadedDocument();
-    if (outcome == LoadOutcome::Loaded) {
-      document.SetChanged(true);
-      child->Window()->RefreshTitle();
+  for (AbandonedCopy& copy : copies) {
+    if (recover) {
+      Recover(std::move(copy));
+    } else {
       RemoveAbandonedCopy(copy);
     }
   }
   Q_EMIT stateChanged();
+}
+
+void tembrelMDIClient::Recover(AbandonedCopy copy) {
+  const std::string name = copy.documentName;
+  tembrelMDIChild* child = NewChild(name.empty() ? NewDocumentTitle() : PathToText(name));
+  RecoveryResult result;
+  {
+    const WaitCursor waiting;
+    const std::unique_ptr<ProgressDisplay> display =
+        prompts.ShowProgress("Recovering " + (name.empty() ? "a new document" : name));
+    result = RecoverCopy(
+        std::move(copy), child->Window()->Doc(),
+        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); });
+  }
+  if (result.recovered) {
+    child->Window()->ShowLoadedDocument();
+    child->Window()->RefreshTitle();
+  } else {
+    child->CloseUnasked();
+  }
+  if (!result.message.empty()) {
+    prompts.Error(result.message);
+  }
 }
 
 std::vector<tembrelMDIChild*> tembrelMDIClient::Children() const {
@@ -360,7 +367,11 @@ bool tembrelMDIClient::SaveActive() {
   if (active == nullptr) {
     return false;
   }
+  const bool named = !active->Doc().FileName().empty();
   const bool saved = SaveDocument(active->Doc(), prompts);
+  if (saved && !named) {
+    AddRecentFile(active->Doc().FileName());
+  }
   active->RefreshTitle();
   return saved;
 }

@@ -22,6 +22,7 @@ namespace tembrel {
 
 class AudioWin;
 class tembrelMDIChild;
+struct AbandonedCopy;
 
 class tembrelMDIClient : public QMdiArea {
   Q_OBJECT
@@ -80,6 +81,7 @@ class tembrelMDIClient : public QMdiArea {
   void Say(const EditResult& result);
   CommandContext Context() const;
   tembrelMDIChild* AddChild(AudioWin* window, const QSize& size);
+  void Recover(AbandonedCopy copy);
   tembrelMDIChild* NewChild(const QString& title);
   QString NewDocumentTitle() const;
   void NewDocument();
