@@ -124,7 +124,7 @@ EditResult Document::CheckEditable() const {
   return EditResult::Refused(notice.empty() ? "There is no sound to edit." : notice);
 }
 
-EditResult Document::Edit(const EditStep& step) {
+EditResult Document::Edit(const EditStep& step, const Progress& progress) {
   if (!clip) {
     return {};
   }
@@ -137,7 +137,7 @@ EditResult Document::Edit(const EditStep& step) {
     return result;
   }
   undo.Push(clip.get());
-  ClipEditor editor(*clip, undo, memory);
+  ClipEditor editor(*clip, undo, memory, progress);
   if (step.change) {
     result = step.change(editor);
   }

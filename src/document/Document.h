@@ -73,8 +73,8 @@ class Document {
 
   // The edit frame. Runs the step: its check, the undo snapshot, its change; then lengths, temporary copy,
   // changed flag and listener follow. Without sound nothing happens and nothing is said; sound that cannot be
-  // edited is refused. A refused or failed step leaves document and history as they were.
-  EditResult Edit(const EditStep& step);
+  // edited is refused. A refused, failed or cancelled step leaves document and history as they were.
+  EditResult Edit(const EditStep& step, const Progress& progress = {});
 
   // One step back or forth. Commands ask CanUndo() and CanRedo() first; called anyway they exchange the sound
   // with the history's working state, which is an empty clip in a document that was never edited.
