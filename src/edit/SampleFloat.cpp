@@ -1,9 +1,11 @@
 #include "edit/SampleFloat.h"
 
 #include <algorithm>
-#include <cmath>
+#include <bit>
 
 #include "audio/Samples.h"
+#include "edit/SampleLoads.h"
+#include "platform/WideLoops.h"
 
 namespace tembrel {
 
@@ -16,20 +18,14 @@ constexpr float kPerStep8 = 0.0078125F;
 constexpr float kSteps8 = 128.0F;
 constexpr int kCentre8 = 128;
 
-// Where the samples of a channel lie: the first one and the distance to the next, in stored samples.
-struct Stride {
-  std::uint64_t first = 0;
-  std::uint64_t step = 0;  // 0: convert nothing
-};
-
-Stride StrideOf(std::uint32_t channel, std::uint64_t storedSamples, std::uint64_t floats,
-                std::int64_t count) {
+// True when `count` samples of the channel lie within the stored ones and the floats.
+bool Fits(std::uint32_t channel, std::uint64_t storedSamples, std::uint64_t floats, std::int64_t count) {
   if (count <= 0 || channel > kRightChannel || static_cast<std::uint64_t>(count) > floats) {
-    return {};
+    return false;
   }
-  const Stride stride{channel == kRightChannel ? 1U : 0U, channel == kMonoChannel ? 1U : 2U};
-  const std::uint64_t last = stride.first + static_cast<std::uint64_t>(count - 1) * stride.step;
-  return last < storedSamples ? stride : Stride{};
+  const std::uint64_t first = channel == kRightChannel ? 1 : 0;
+  const std::uint64_t step = channel == kMonoChannel ? 1 : 2;
+  return first + static_cast<std::uint64_t>(count - 1) * step < storedSamples;
 }
 
 // As the processor converts: what does not fit 32 bits becomes the lowest number, whose low bits are 0.
@@ -39,45 +35,143 @@ std::int32_t Truncated(Real value) {
   return value > -kLimit && value < kLimit ? static_cast<std::int32_t>(value) : INT32_MIN;
 }
 
+// Extended precision: a value just below zero stays below the centre, where single precision would round up.
+// Double precision is as good for all but the smallest.
+std::int32_t TruncatedAboveCentre(float value) {
+  constexpr float kSmall = 0x1p-20F;
+  if (value < 0 && value > -kSmall) {
+    return Truncated(static_cast<long double>(value) + kCentre8);
+  }
+  return Truncated(static_cast<double>(value) + kCentre8);
+}
+
+float AsFloat(int sample) {
+  return static_cast<float>(sample * kPerStep16);
+}
+
+TEMBREL_WIDE_LOOPS
+void MonoToFloat(const std::byte* samples, float* buffer, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    buffer[i] = AsFloat(LoadSample(samples + 2 * i));
+  }
+}
+
+TEMBREL_WIDE_LOOPS
+void LeftToFloat(const std::byte* frames, float* buffer, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    buffer[i] = AsFloat(LeftOf(LoadFrame(frames + 4 * i)));
+  }
+}
+
+TEMBREL_WIDE_LOOPS
+void RightToFloat(const std::byte* frames, float* buffer, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    buffer[i] = AsFloat(RightOf(LoadFrame(frames + 4 * i)));
+  }
+}
+
+TEMBREL_WIDE_LOOPS
+void ScaleTo16(float* buffer, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    buffer[i] *= kSteps16;
+  }
+}
+
+TEMBREL_WIDE_LOOPS
+void MonoFromFloat(std::byte* samples, const float* buffer, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    StoreSample(samples + 2 * i, Truncated(buffer[i]));
+  }
+}
+
+TEMBREL_WIDE_LOOPS
+void LeftFromFloat(std::byte* frames, const float* buffer, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    StoreFrame(frames + 4 * i, WithLeft(LoadFrame(frames + 4 * i), Truncated(buffer[i])));
+  }
+}
+
+TEMBREL_WIDE_LOOPS
+void RightFromFloat(std::byte* frames, const float* buffer, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    StoreFrame(frames + 4 * i, WithRight(LoadFrame(frames + 4 * i), Truncated(buffer[i])));
+  }
+}
+
+// Floats without their sign bit are in the order of their bits, and whole numbers are compared several at a
+// time.
+TEMBREL_WIDE_LOOPS
+float PeakOf(const float* values, std::size_t count) {
+  std::int32_t peak = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    peak = std::max(peak, std::bit_cast<std::int32_t>(values[i]) & INT32_MAX);
+  }
+  return std::bit_cast<float>(peak);
+}
+
+TEMBREL_WIDE_LOOPS
+void DivideAll(float* values, std::size_t count, float divisor) {
+  for (std::size_t i = 0; i < count; ++i) {
+    values[i] /= divisor;
+  }
+}
+
 }  // namespace
 
 void Int16ToFloat(std::span<const std::byte> samples, std::span<float> buffer, std::int64_t count,
                   std::uint32_t channel) {
-  const Stride stride = StrideOf(channel, samples.size() / 2, buffer.size(), count);
-  for (std::uint64_t i = 0, at = stride.first; stride.step > 0 && i < static_cast<std::uint64_t>(count);
-       ++i, at += stride.step) {
-    buffer[i] = static_cast<float>(Sample16(samples.data(), at) * kPerStep16);
+  if (!Fits(channel, samples.size() / 2, buffer.size(), count)) {
+    return;
   }
+  const auto all = static_cast<std::size_t>(count);
+  if (channel == kMonoChannel) {
+    MonoToFloat(samples.data(), buffer.data(), all);
+    return;
+  }
+  // The last left sample may be the last of all: it is not read as part of a frame.
+  (channel == kLeftChannel ? LeftToFloat : RightToFloat)(samples.data(), buffer.data(), all - 1);
+  const std::uint64_t last = 2 * (all - 1) + (channel == kRightChannel ? 1 : 0);
+  buffer[all - 1] = AsFloat(Sample16(samples.data(), last));
 }
 
 void UInt8ToFloat(std::span<const std::byte> samples, std::span<float> buffer, std::int64_t count,
                   std::uint32_t channel) {
-  const Stride stride = StrideOf(channel, samples.size(), buffer.size(), count);
-  for (std::uint64_t i = 0, at = stride.first; stride.step > 0 && i < static_cast<std::uint64_t>(count);
-       ++i, at += stride.step) {
-    buffer[i] = static_cast<float>(Sample8(samples.data(), at) - kCentre8) * kPerStep8;
+  if (!Fits(channel, samples.size(), buffer.size(), count)) {
+    return;
+  }
+  const std::uint64_t first = channel == kRightChannel ? 1 : 0;
+  const std::uint64_t step = channel == kMonoChannel ? 1 : 2;
+  for (std::uint64_t i = 0; i < static_cast<std::uint64_t>(count); ++i) {
+    buffer[i] = static_cast<float>(Sample8(samples.data(), first + i * step) - kCentre8) * kPerStep8;
   }
 }
 
 void FloatToInt16(std::span<std::byte> samples, std::span<float> buffer, std::int64_t count,
                   std::uint32_t channel) {
-  const Stride stride = StrideOf(channel, samples.size() / 2, buffer.size(), count);
-  for (std::uint64_t i = 0, at = stride.first; stride.step > 0 && i < static_cast<std::uint64_t>(count);
-       ++i, at += stride.step) {
-    buffer[i] *= kSteps16;
-    StoreSample16(samples.data(), at, Truncated(buffer[i]));
+  if (!Fits(channel, samples.size() / 2, buffer.size(), count)) {
+    return;
   }
+  const auto all = static_cast<std::size_t>(count);
+  ScaleTo16(buffer.data(), all);
+  if (channel == kMonoChannel) {
+    MonoFromFloat(samples.data(), buffer.data(), all);
+    return;
+  }
+  (channel == kLeftChannel ? LeftFromFloat : RightFromFloat)(samples.data(), buffer.data(), all - 1);
+  const std::uint64_t last = 2 * (all - 1) + (channel == kRightChannel ? 1 : 0);
+  StoreSample16(samples.data(), last, Truncated(buffer[all - 1]));
 }
 
 void FloatToUInt8(std::span<std::byte> samples, std::span<float> buffer, std::int64_t count,
                   std::uint32_t channel) {
-  const Stride stride = StrideOf(channel, samples.size(), buffer.size(), count);
-  for (std::uint64_t i = 0, at = stride.first; stride.step > 0 && i < static_cast<std::uint64_t>(count);
-       ++i, at += stride.step) {
+  if (!Fits(channel, samples.size(), buffer.size(), count)) {
+    return;
+  }
+  const std::uint64_t first = channel == kRightChannel ? 1 : 0;
+  const std::uint64_t step = channel == kMonoChannel ? 1 : 2;
+  for (std::uint64_t i = 0; i < static_cast<std::uint64_t>(count); ++i) {
     buffer[i] *= kSteps8;
-    // Extended precision: a value just below zero stays below the centre, where single precision would round
-    // up.
-    StoreSample8(samples.data(), at, Truncated(static_cast<long double>(buffer[i]) + kCentre8));
+    StoreSample8(samples.data(), first + i * step, TruncatedAboveCentre(buffer[i]));
   }
 }
 
@@ -91,16 +185,18 @@ void FloatToSamples(const WaveFormat& format, std::span<std::byte> samples, std:
   (format.wBitsPerSample == 8 ? FloatToUInt8 : FloatToInt16)(samples, buffer, count, channel);
 }
 
-void LimitToUnity(std::span<float> buffer) {
-  float peak = 0.0F;
-  for (const float value : buffer) {
-    peak = std::max(peak, std::fabs(value));
-  }
+float LargestMagnitude(std::span<const float> buffer) {
+  return PeakOf(buffer.data(), buffer.size());
+}
+
+void DivideIfAboveUnity(std::span<float> buffer, float peak) {
   if (peak > 1.0F) {
-    for (float& value : buffer) {
-      value /= peak;
-    }
+    DivideAll(buffer.data(), buffer.size(), peak);
   }
+}
+
+void LimitToUnity(std::span<float> buffer) {
+  DivideIfAboveUnity(buffer, LargestMagnitude(buffer));
 }
 
 }  // namespace tembrel

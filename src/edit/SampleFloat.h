@@ -42,4 +42,8 @@ void FloatToSamples(const WaveFormat& format, std::span<std::byte> samples, std:
 // Divides all by the largest absolute value if that is above 1.0.
 void LimitToUnity(std::span<float> buffer);
 
+// The same in two steps, for what does not come in one buffer. An empty one has no magnitude: 0.
+float LargestMagnitude(std::span<const float> buffer);
+void DivideIfAboveUnity(std::span<float> buffer, float peak);
+
 }  // namespace tembrel

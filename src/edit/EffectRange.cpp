@@ -1,0 +1,75 @@
+#include "edit/EffectRange.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "edit/ShareOut.h"
+
+namespace tembrel {
+
+namespace {
+
+// A multiple of every frame's size; large enough that sharing it out costs nothing against working on it.
+constexpr std::int64_t kPiece = std::int64_t{1} << 20U;
+
+ByteRange Within(const ByteRange& selection, const AudioClip& clip, std::int64_t unit) {
+  const std::int64_t size = clip.dataSize;
+  const std::int64_t start = std::clamp<std::int64_t>(selection.start, 0, size);
+  const std::int64_t end = std::clamp<std::int64_t>(selection.end, start, size);
+  return {start / unit * unit, end / unit * unit};
+}
+
+template <typename Byte>
+bool WorkOnPieces(ClipEditor& editor, std::span<Byte> bytes, std::uint64_t told, std::uint64_t total,
+                  const std::function<void(std::span<Byte>, std::int64_t)>& work) {
+  const auto size = static_cast<std::int64_t>(bytes.size());
+  return ShareOut((size + kPiece - 1) / kPiece,
+                  [&](std::int64_t piece) {
+                    const std::int64_t offset = piece * kPiece;
+                    work(bytes.subspan(static_cast<std::size_t>(offset),
+                                       static_cast<std::size_t>(std::min(kPiece, size - offset))),
+                         offset);
+                  },
+                  [&](std::int64_t done) {
+                    return editor.Proceed(told + static_cast<std::uint64_t>(std::min(done * kPiece, size)),
+                                          total);
+                  });
+}
+
+}  // namespace
+
+ByteRange SampleBytes(const ByteRange& selection, const AudioClip& clip) {
+  return Within(selection, clip, BytesPerSample(clip.format.wBitsPerSample));
+}
+
+ByteRange FrameBytes(const ByteRange& selection, const AudioClip& clip) {
+  return Within(selection, clip, FrameSize(clip.format));
+}
+
+EditStep InPlaceStep(std::function<EditResult(ClipEditor&)> change) {
+  return {.check = {}, .change = std::move(change), .marksChanged = true, .refreshesLengths = false};
+}
+
+EditResult RefusalOf(const ClipEditor& editor) {
+  return EditResult::Refused(editor.RefusalText());
+}
+
+EditResult RewritePieces(
+    ClipEditor& editor, const ByteRange& range, std::uint64_t told, std::uint64_t total,
+    const std::function<void(std::span<std::byte> piece, std::int64_t offset)>& rewrite) {
+  const auto bytes = editor.Overwrite(static_cast<std::uint64_t>(range.start),
+                                      static_cast<std::uint64_t>(range.end - range.start));
+  if (!bytes) {
+    return RefusalOf(editor);
+  }
+  return WorkOnPieces(editor, *bytes, told, total, rewrite) ? EditResult::Done() : EditResult::Cancelled();
+}
+
+bool LookAtPieces(ClipEditor& editor, const ByteRange& range, std::uint64_t told, std::uint64_t total,
+                  const std::function<void(std::span<const std::byte> piece, std::int64_t offset)>& look) {
+  const auto bytes = editor.Clip().Bytes().subspan(static_cast<std::size_t>(range.start),
+                                                   static_cast<std::size_t>(range.end - range.start));
+  return WorkOnPieces(editor, bytes, told, total, look);
+}
+
+}  // namespace tembrel

@@ -1,0 +1,36 @@
+// Which bytes of a clip an effect works on, and how it goes through them piece by piece.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+
+#include "audio/AudioClip.h"
+#include "edit/ClipChanges.h"
+#include "edit/ClipEditor.h"
+#include "edit/EditStep.h"
+
+namespace tembrel {
+
+// The selection cut down to the clip, both ends counted down to whole stored samples or whole frames. Never
+// ends before it starts.
+ByteRange SampleBytes(const ByteRange& selection, const AudioClip& clip);
+ByteRange FrameBytes(const ByteRange& selection, const AudioClip& clip);
+
+// A step that changes sound in place, for what such steps have in common.
+EditStep InPlaceStep(std::function<EditResult(ClipEditor&)> change);
+
+EditResult RefusalOf(const ClipEditor& editor);
+
+// Rewrites the bytes of `range`, which lies within the clip, on all processors. `rewrite` is given pieces
+// that begin and end with whole frames, and the offset of each from the range's start. `told` of `total`
+// bytes were worked through before.
+EditResult RewritePieces(ClipEditor& editor, const ByteRange& range, std::uint64_t told, std::uint64_t total,
+                         const std::function<void(std::span<std::byte> piece, std::int64_t offset)>& rewrite);
+
+// The same for work that only looks. False when it was cancelled.
+bool LookAtPieces(ClipEditor& editor, const ByteRange& range, std::uint64_t told, std::uint64_t total,
+                  const std::function<void(std::span<const std::byte> piece, std::int64_t offset)>& look);
+
+}  // namespace tembrel

@@ -1,0 +1,200 @@
+#include "edit/FilterEffect.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "edit/BlockFilter.h"
+#include "edit/EffectRange.h"
+#include "edit/FloatBlock.h"
+#include "edit/LimitedRewrite.h"
+#include "edit/SampleFloat.h"
+#include "edit/ShareOut.h"
+
+namespace tembrel {
+
+namespace {
+
+constexpr auto kBlock = static_cast<std::int64_t>(kBlockPoints);
+constexpr std::int64_t kOverlap = kBlock / 2;
+// Frames of one channel that a thread filters at a time; whole blocks.
+constexpr std::int64_t kPiece = 32 * kBlock;
+
+// A piece of a channel while it is filtered. Positions are in frames from the start of the range.
+struct Piece {
+  std::int64_t start = 0;
+  std::int64_t end = 0;
+  std::int64_t inputStart = 0;   // the position of the first input
+  std::span<const float> input;  // reaches half a block beyond the piece on both sides, where there is sound
+  std::span<float> out;          // from `start` on
+
+  const float* At(std::int64_t position) const {
+    return &input[static_cast<std::size_t>(position - inputStart)];
+  }
+  float* OutAt(std::int64_t position) const { return &out[static_cast<std::size_t>(position - start)]; }
+};
+
+// Collects blocks until there are enough to filter them together, and puts them out.
+class BlockQueue {
+ public:
+  BlockQueue(const BlockFilter& blockFilter, const Piece& filteredPiece, bool addsToOut)
+      : filter(blockFilter), piece(filteredPiece), adds(addsToOut) {}
+
+  void Add(std::int64_t start) {
+    starts.at(count++) = start;
+    if (count == kLanes) {
+      Flush();
+    }
+  }
+
+  void Flush() {
+    std::array<const float*, kLanes> blocks{};
+    std::transform(starts.begin(), starts.begin() + static_cast<std::ptrdiff_t>(count), blocks.begin(),
+                   [this](std::int64_t start) { return piece.At(start); });
+    filter.Filter(std::span(blocks).first(count), filtered);
+    for (std::size_t i = 0; i < count; ++i) {
+      Put(starts.at(i), filtered.at(i).data());
+    }
+    count = 0;
+  }
+
+  // The part of a block, filtered or not, that lies in the piece.
+  void Put(std::int64_t start, const float* values) const {
+    const std::int64_t from = std::max(start, piece.start);
+    const std::int64_t to = std::min(start + kBlock, piece.end);
+    for (std::int64_t position = from; position < to; ++position) {
+      const float value = values[position - start];
+      float& out = *piece.OutAt(position);
+      out = adds ? value + out : value;
+    }
+  }
+
+ private:
+  const BlockFilter& filter;
+  const Piece& piece;
+  bool adds;
+  std::size_t count = 0;
+  std::array<std::int64_t, kLanes> starts{};
+  std::array<BlockValues, kLanes> filtered;
+};
+
+class FilteredSource : public FloatSource {
+ public:
+  FilteredSource(const FrameRange& frameRange, const BlockFilter& blockFilter)
+      : range(frameRange), filter(blockFilter) {}
+
+  bool Prepare(ClipEditor& editor) {
+    for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+      std::optional<MemoryBlock> block = editor.Allocate(
+          static_cast<std::uint64_t>(std::min(kFramesAtOnce, range.count) + 2 * kOverlap) * sizeof(float));
+      if (!block) {
+        return false;
+      }
+      inputs.at(channel) = std::move(*block);
+    }
+    return true;
+  }
+
+  void Restart() override {}
+
+  void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out) override {
+    const auto count = static_cast<std::int64_t>(out[0].size());
+    for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+      TakeInput(frames, first, count, channel);
+    }
+    const std::int64_t pieces = (count + kPiece - 1) / kPiece;
+    ShareOut(pieces * range.format.nChannels, [&](std::int64_t index) {
+      const auto channel = static_cast<std::size_t>(index / pieces);
+      const std::int64_t start = first + index % pieces * kPiece;
+      Piece piece;
+      piece.start = start;
+      piece.end = std::min(start + kPiece, first + count);
+      piece.inputStart = first - kOverlap;
+      piece.input = AsFloats(inputs.at(channel));
+      piece.out = out.at(channel).subspan(static_cast<std::size_t>(start - first));
+      FilterPiece(piece);
+    });
+  }
+
+ private:
+  // The input holds half a block from before `first`, kept from the time before: the sound there may have
+  // been rewritten.
+  void TakeInput(std::span<const std::byte> frames, std::int64_t first, std::int64_t count,
+                 std::size_t channel) {
+    const std::span<float> input = AsFloats(inputs.at(channel));
+    if (first > 0) {
+      std::copy_n(input.begin() + kFramesAtOnce, kOverlap, input.begin());
+    }
+    const std::int64_t taken = std::min(count + kOverlap, range.count - first);
+    SamplesToFloat(range.format, frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format)),
+                   input.subspan(static_cast<std::size_t>(kOverlap)), taken, range.Selector(channel));
+  }
+
+  bool IsCovered(std::int64_t start) const { return start < range.count - kBlock; }
+
+  void FilterPiece(const Piece& piece) const {
+    BlockQueue queue(filter, piece, false);
+    for (std::int64_t start = piece.start; start < piece.end; start += kBlock) {
+      if (IsCovered(start)) {
+        queue.Add(start);
+      } else {
+        queue.Put(start, piece.At(start));
+      }
+    }
+    queue.Flush();
+    if (filter.Mode() == FilterMode::Preset) {
+      AddSecondPass(piece);
+    }
+  }
+
+  void AddSecondPass(const Piece& piece) const {
+    BlockQueue queue(filter, piece, true);
+    for (std::int64_t start = std::max(piece.start - kOverlap, kOverlap); start < piece.end;
+         start += kBlock) {
+      if (IsCovered(start)) {
+        queue.Add(start);
+      } else {
+        queue.Put(start, piece.At(start));
+      }
+    }
+    queue.Flush();
+  }
+
+  const FrameRange& range;
+  const BlockFilter& filter;
+  std::array<MemoryBlock, kMostChannels> inputs;
+};
+
+EditResult RunFilter(ClipEditor& editor, const ByteRange& selection, FilterMode mode, int preset) {
+  const FrameRange range = FrameRange::Of(selection, editor.Clip());
+  const BlockFilter filter(mode, range.format.nSamplesPerSec, BuildPresetTable(preset));
+  FilteredSource source(range, filter);
+  return source.Prepare(editor) ? RewriteLimited(editor, range, source) : RefusalOf(editor);
+}
+
+}  // namespace
+
+EditStep FilterEdit(const ByteRange& selection, int preset) {
+  EditStep step = InPlaceStep([selection, preset](ClipEditor& editor) {
+    return RunFilter(editor, selection, FilterMode::Preset, preset);
+  });
+  step.check = [preset](const AudioClip&) {
+    const bool exists = preset >= 0 && preset < static_cast<int>(kFilterPresetCount);
+    return exists ? EditResult::Done()
+                  : EditResult::Refused("There is no filter preset " + std::to_string(preset) + ".");
+  };
+  return step;
+}
+
+EditStep CleanSpectrumEdit(const ByteRange& selection) {
+  return InPlaceStep(
+      [selection](ClipEditor& editor) { return RunFilter(editor, selection, FilterMode::CleanSpectrum, 0); });
+}
+
+EditStep CutRumbleEdit(const ByteRange& selection) {
+  return InPlaceStep(
+      [selection](ClipEditor& editor) { return RunFilter(editor, selection, FilterMode::CutRumble, 0); });
+}
+
+}  // namespace tembrel

@@ -1,0 +1,14 @@
+// A block of memory seen as floats.
+#pragma once
+
+#include <span>
+
+#include "platform/MemoryBlock.h"
+
+namespace tembrel {
+
+inline std::span<float> AsFloats(MemoryBlock& block) {
+  return {reinterpret_cast<float*>(block.Data()), block.Size() / sizeof(float)};
+}
+
+}  // namespace tembrel

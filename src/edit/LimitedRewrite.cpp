@@ -1,0 +1,128 @@
+#include "edit/LimitedRewrite.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "edit/EffectRange.h"
+#include "edit/FloatBlock.h"
+#include "edit/SampleFloat.h"
+#include "edit/ShareOut.h"
+
+namespace tembrel {
+
+namespace {
+
+// Frames that are scaled and stored by one thread at a time.
+constexpr std::int64_t kStoredAtOnce = std::int64_t{1} << 15U;
+
+class Rewriter {
+ public:
+  Rewriter(ClipEditor& clipEditor, const FrameRange& frameRange, FloatSource& floatSource)
+      : editor(clipEditor),
+        range(frameRange),
+        source(floatSource),
+        size(static_cast<std::uint64_t>(range.bytes.end - range.bytes.start)) {}
+
+  EditResult Run() {
+    for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+      std::optional<MemoryBlock> block =
+          editor.Allocate(static_cast<std::uint64_t>(std::min(kFramesAtOnce, range.count)) * sizeof(float));
+      if (!block) {
+        return RefusalOf(editor);
+      }
+      blocks.at(channel) = std::move(*block);
+    }
+    if (!FindPeaks()) {
+      return EditResult::Cancelled();
+    }
+    const auto bytes = editor.Overwrite(static_cast<std::uint64_t>(range.bytes.start), size);
+    if (!bytes) {
+      return RefusalOf(editor);
+    }
+    return Write(*bytes) ? EditResult::Done() : EditResult::Cancelled();
+  }
+
+ private:
+  ChannelFloats Floats(std::int64_t first) {
+    const auto count = static_cast<std::size_t>(std::min(kFramesAtOnce, range.count - first));
+    ChannelFloats floats;
+    for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+      floats.at(channel) = AsFloats(blocks.at(channel)).first(count);
+    }
+    return floats;
+  }
+
+  bool Tell(std::int64_t frames, std::uint64_t before) {
+    const auto done = static_cast<std::uint64_t>(std::min(frames, range.count)) * FrameSize(range.format);
+    return editor.Proceed(before + done, 2 * size);
+  }
+
+  bool FindPeaks() {
+    const auto frames = editor.Clip().Bytes().subspan(static_cast<std::size_t>(range.bytes.start), size);
+    source.Restart();
+    for (std::int64_t first = 0; first < range.count; first += kFramesAtOnce) {
+      const ChannelFloats floats = Floats(first);
+      source.Continue(frames, first, floats);
+      for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+        peaks.at(channel) = std::max(peaks.at(channel), LargestMagnitude(floats.at(channel)));
+      }
+      if (!Tell(first + kFramesAtOnce, 0)) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  bool Write(std::span<std::byte> frames) {
+    const bool kept = range.count <= kFramesAtOnce;  // all is still in the blocks
+    if (!kept) {
+      source.Restart();
+    }
+    for (std::int64_t first = 0; first < range.count; first += kFramesAtOnce) {
+      const ChannelFloats floats = Floats(first);
+      if (!kept) {
+        source.Continue(frames, first, floats);
+      }
+      Store(frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format)), floats);
+      if (!Tell(first + kFramesAtOnce, size)) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  void Store(std::span<std::byte> frames, const ChannelFloats& floats) {
+    const auto count = static_cast<std::int64_t>(floats[0].size());
+    ShareOut((count + kStoredAtOnce - 1) / kStoredAtOnce, [&](std::int64_t piece) {
+      const std::int64_t first = piece * kStoredAtOnce;
+      const std::int64_t length = std::min(kStoredAtOnce, count - first);
+      const auto stored = frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format));
+      for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+        const auto values =
+            floats.at(channel).subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(length));
+        DivideIfAboveUnity(values, peaks.at(channel));
+        FloatToSamples(range.format, stored, values, length, range.Selector(channel));
+      }
+    });
+  }
+
+  ClipEditor& editor;
+  const FrameRange& range;
+  FloatSource& source;
+  std::uint64_t size;
+  std::array<MemoryBlock, kMostChannels> blocks;
+  std::array<float, kMostChannels> peaks{};
+};
+
+}  // namespace
+
+FrameRange FrameRange::Of(const ByteRange& selection, const AudioClip& clip) {
+  const ByteRange bytes = FrameBytes(selection, clip);
+  return {clip.format, bytes, (bytes.end - bytes.start) / FrameSize(clip.format)};
+}
+
+EditResult RewriteLimited(ClipEditor& editor, const FrameRange& range, FloatSource& source) {
+  return Rewriter(editor, range, source).Run();
+}
+
+}  // namespace tembrel

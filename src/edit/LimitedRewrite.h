@@ -1,0 +1,57 @@
+// Effects that compute whole channels as floats, and scale a channel down when it passes full scale. What the
+// channel's peak is shows only at its end, so the sound is computed twice, piece by piece: an hour of it
+// needs no more memory than a minute.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "audio/WaveFormat.h"
+#include "edit/ClipChanges.h"
+#include "edit/ClipEditor.h"
+#include "edit/EditStep.h"
+#include "platform/MemoryBlock.h"
+
+namespace tembrel {
+
+inline constexpr std::size_t kMostChannels = 2;
+// Frames that are asked for at a time; the last time fewer.
+inline constexpr std::int64_t kFramesAtOnce = std::int64_t{1} << 18U;
+
+// The sound that an effect works on: whole frames.
+struct FrameRange {
+  WaveFormat format;
+  ByteRange bytes;
+  std::int64_t count = 0;  // frames
+
+  static FrameRange Of(const ByteRange& selection, const AudioClip& clip);
+  // What SamplesToFloat calls the channel with this index.
+  std::uint32_t Selector(std::size_t channel) const {
+    return static_cast<std::uint32_t>(format.nChannels == 1 ? 0 : channel + 1);
+  }
+};
+
+using ChannelFloats = std::array<std::span<float>, kMostChannels>;
+
+// An effect's new sound, in order.
+class FloatSource {
+ public:
+  virtual ~FloatSource() = default;
+  // From the range's first frame again.
+  virtual void Restart() = 0;
+  // Fills `out`, a span for every channel, with the frames from `first` on. `frames` are the range's bytes;
+  // those before `first` may have been rewritten already.
+  virtual void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out) = 0;
+
+ protected:
+  FloatSource() = default;
+  FloatSource(const FloatSource&) = default;
+  FloatSource& operator=(const FloatSource&) = default;
+};
+
+// Rewrites the range by the source's sound. Refused when there is no memory.
+EditResult RewriteLimited(ClipEditor& editor, const FrameRange& range, FloatSource& source);
+
+}  // namespace tembrel

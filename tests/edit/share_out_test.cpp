@@ -1,0 +1,48 @@
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+#include <vector>
+
+#include "edit/ShareOut.h"
+
+namespace tembrel {
+namespace {
+
+TEST(ShareOut, DoesEveryPieceOnce) {
+  for (const std::int64_t count : {0, 1, 2, 7, 1000}) {
+    std::vector<std::atomic<int>> done(static_cast<std::size_t>(count));
+    EXPECT_TRUE(ShareOut(count, [&](std::int64_t piece) { ++done[static_cast<std::size_t>(piece)]; }));
+    for (const auto& times : done) {
+      EXPECT_EQ(times, 1);
+    }
+  }
+}
+
+TEST(ShareOut, TellsOnThisThreadUpToTheEnd) {
+  const auto here = std::this_thread::get_id();
+  std::int64_t last = 0;
+  EXPECT_TRUE(ShareOut(
+      100, [](std::int64_t) {},
+      [&](std::int64_t done) {
+        EXPECT_EQ(std::this_thread::get_id(), here);
+        EXPECT_GE(done, last);
+        last = done;
+        return true;
+      }));
+  EXPECT_EQ(last, 100);
+}
+
+TEST(ShareOut, LeavesOutWhatHasNotBegunWhenToldToStop) {
+  std::atomic<int> begun = 0;
+  EXPECT_FALSE(ShareOut(
+      1000000,
+      [&](std::int64_t) {
+        ++begun;
+        std::this_thread::yield();
+      },
+      [](std::int64_t) { return false; }));
+  EXPECT_LT(begun, 1000000);
+}
+
+}  // namespace
+}  // namespace tembrel
