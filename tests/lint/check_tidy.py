@@ -71,7 +71,8 @@ class Tidy:
         entries = [entry | {"command": without_warnings(entry["command"])} for entry in self.commands.values()]
         (self.folder / "compile_commands.json").write_text(json.dumps(entries))
         version = subprocess.run(["clang-tidy", "--version"], check=True, capture_output=True).stdout
-        self.common = version + (root / ".clang-tidy").read_bytes()
+        settings = [path for path in project_files.list_files(root) if path.name == ".clang-tidy"]
+        self.common = version + b"".join((root / path).read_bytes() for path in settings)
 
     def key(self, entry):
         """Names one result; None when it is not known what the source includes."""
