@@ -26,7 +26,7 @@ constexpr std::array kCommands{
     CommandRow{kCommandPasteInsert, PasteInsert, EnableRule::CanPaste},
     CommandRow{kCommandPasteMerge, PasteMerge, EnableRule::CanPaste},
     CommandRow{kCommandPasteOverwrite, PasteOverwrite, EnableRule::CanPaste},
-    CommandRow{kCommandFormat, NotBuilt, EnableRule::AudioDocument},
+    CommandRow{kCommandFormat, Format, EnableRule::AudioDocument},
     CommandRow{kCommandSelectAll, SelectAll, EnableRule::AudioDocument},
     CommandRow{kCommandSelectLastRange, SelectLastRange, EnableRule::LastRangeRemembered},
     CommandRow{kCommandPlay, NotBuilt, EnableRule::AudioDocument},

@@ -20,6 +20,7 @@ enum class CommandHandler {
   PasteInsert,
   PasteMerge,
   PasteOverwrite,
+  Format,
   SelectAll,
   SelectLastRange,
   Cascade,

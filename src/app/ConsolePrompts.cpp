@@ -40,6 +40,18 @@ std::optional<SaveChoice> ConsolePrompts::AskSavePath(const std::vector<FileFilt
   return std::nullopt;
 }
 
+std::optional<int> ConsolePrompts::AskAmplify(int /*percent*/) {
+  return std::nullopt;
+}
+
+std::optional<int> ConsolePrompts::AskFilter(int /*preset*/) {
+  return std::nullopt;
+}
+
+std::optional<FormatChoice> ConsolePrompts::AskFormat(const FormatChoice& /*format*/) {
+  return std::nullopt;
+}
+
 std::unique_ptr<ProgressDisplay> ConsolePrompts::ShowProgress(const std::string& /*text*/) {
   return std::make_unique<NoDisplay>();
 }

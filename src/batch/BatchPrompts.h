@@ -32,6 +32,9 @@ class BatchPrompts final : public Prompts {
                                         const std::filesystem::path& /*start*/) override {
     return std::nullopt;
   }
+  std::optional<int> AskAmplify(int /*percent*/) override { return std::nullopt; }
+  std::optional<int> AskFilter(int /*preset*/) override { return std::nullopt; }
+  std::optional<FormatChoice> AskFormat(const FormatChoice& /*format*/) override { return std::nullopt; }
   std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) override;
 
  private:

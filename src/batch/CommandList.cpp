@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "batch/EditCommands.h"
+#include "batch/EffectCommands.h"
 #include "batch/FileCommands.h"
 #include "batch/LaterCommands.h"
 #include "batch/ViewCommands.h"
@@ -12,7 +13,8 @@ namespace tembrel {
 const std::vector<BatchCommand>& BatchCommands() {
   static const std::vector<BatchCommand> kCommands = [] {
     std::vector<BatchCommand> commands;
-    for (const auto& family : {FileCommands(), EditCommands(), ViewCommands(), LaterCommands()}) {
+    for (const auto& family :
+         {FileCommands(), EditCommands(), EffectCommands(), ViewCommands(), LaterCommands()}) {
       commands.insert(commands.end(), family.begin(), family.end());
     }
     return commands;

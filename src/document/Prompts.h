@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "audio/FormatChoice.h"
 #include "document/FileFilter.h"
 
 namespace tembrel {
@@ -46,6 +47,12 @@ class Prompts {
   // The name as typed or chosen, starting from `start`; nothing when cancelled. Never asks about overwriting.
   virtual std::optional<SaveChoice> AskSavePath(const std::vector<FileFilter>& filters,
                                                 const std::filesystem::path& start) = 0;
+  // The parameter dialogs; each starts from what is given, and gives nothing when cancelled.
+  // Percent, 0 to 1000.
+  virtual std::optional<int> AskAmplify(int percent) = 0;
+  // The index of an equaliser preset.
+  virtual std::optional<int> AskFilter(int preset) = 0;
+  virtual std::optional<FormatChoice> AskFormat(const FormatChoice& format) = 0;
   virtual std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) = 0;
 };
 

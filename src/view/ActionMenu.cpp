@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "edit/EffectTable.h"
+
 namespace tembrel {
 
 namespace {
@@ -13,18 +15,13 @@ struct ActionRow {
   int id;
 };
 
-constexpr std::array kActions{
+// The effects stand between these two.
+constexpr std::array kEditing{
     ActionRow{"&Cut", kActionCut},
     ActionRow{"Co&py", kActionCopy},
     ActionRow{"&Insert", kActionInsert},
-    ActionRow{"&Amplify...", kActionAmplify},
-    ActionRow{"Si&lence", kActionSilence},
-    ActionRow{"Fade &In", kActionFadeIn},
-    ActionRow{"Fade &Out", kActionFadeOut},
-    ActionRow{"&Normalize", kActionNormalize},
-    ActionRow{"&Compress", kActionCompress},
-    ActionRow{"&Reverb", kActionReverb},
-    ActionRow{"&Filter...", kActionFilter},
+};
+constexpr std::array kLater{
     ActionRow{"Remove N&oise", kActionRemoveNoise},
     ActionRow{"&Duration...", kActionDuration},
     ActionRow{"&Pitch...", kActionPitch},
@@ -58,13 +55,21 @@ ActionItem PluginMenu(std::span<const std::string> names) {
 }  // namespace
 
 bool IsActionBuilt(int id) {
-  return id == kActionCut || id == kActionCopy || id == kActionInsert;
+  return id == kActionCut || id == kActionCopy || id == kActionInsert || FindEffect(id) != nullptr;
 }
 
 std::vector<ActionItem> ActionMenu(std::span<const std::string> pluginNames) {
   std::vector<ActionItem> items;
-  items.reserve(kActions.size() + 2);
-  for (const auto& [text, id] : kActions) {
+  items.reserve(kEditing.size() + EffectTable().size() + kLater.size() + 2);
+  for (const auto& [text, id] : kEditing) {
+    items.push_back(Item(text, id));
+  }
+  for (const EffectRow& effect : EffectTable()) {
+    if (!effect.menuText.empty()) {
+      items.push_back(Item(effect.menuText, effect.commandId));
+    }
+  }
+  for (const auto& [text, id] : kLater) {
     items.push_back(Item(text, id));
   }
   if (!pluginNames.empty()) {

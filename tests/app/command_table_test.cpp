@@ -120,21 +120,22 @@ TEST(CommandTable, NamesTheHandlersOfThisVersion) {
     }
   }
   const std::map<int, CommandHandler> expected{
-      {24331, CommandHandler::NewDocument},  {24332, CommandHandler::Open},
-      {24339, CommandHandler::Close},        {24333, CommandHandler::Save},
-      {24334, CommandHandler::SaveAs},       {600, CommandHandler::OpenRecent},
-      {601, CommandHandler::OpenRecent},     {602, CommandHandler::OpenRecent},
-      {603, CommandHandler::OpenRecent},     {24310, CommandHandler::Exit},
-      {24361, CommandHandler::Cascade},      {24362, CommandHandler::Tile},
-      {24364, CommandHandler::ArrangeIcons}, {24365, CommandHandler::CloseAll},
-      {800, CommandHandler::HelpContents},   {801, CommandHandler::Website},
-      {2009, CommandHandler::About},         {24321, CommandHandler::Undo},
-      {24329, CommandHandler::Redo},         {24324, CommandHandler::PasteInsert},
-      {702, CommandHandler::PasteMerge},     {703, CommandHandler::PasteOverwrite},
-      {700, CommandHandler::SelectAll},      {701, CommandHandler::SelectLastRange},
+      {24331, CommandHandler::NewDocument},   {24332, CommandHandler::Open},
+      {24339, CommandHandler::Close},         {24333, CommandHandler::Save},
+      {24334, CommandHandler::SaveAs},        {600, CommandHandler::OpenRecent},
+      {601, CommandHandler::OpenRecent},      {602, CommandHandler::OpenRecent},
+      {603, CommandHandler::OpenRecent},      {24310, CommandHandler::Exit},
+      {24361, CommandHandler::Cascade},       {24362, CommandHandler::Tile},
+      {24364, CommandHandler::ArrangeIcons},  {24365, CommandHandler::CloseAll},
+      {800, CommandHandler::HelpContents},    {801, CommandHandler::Website},
+      {2009, CommandHandler::About},          {24321, CommandHandler::Undo},
+      {24329, CommandHandler::Redo},          {24324, CommandHandler::PasteInsert},
+      {702, CommandHandler::PasteMerge},      {703, CommandHandler::PasteOverwrite},
+      {704, CommandHandler::Format},          {700, CommandHandler::SelectAll},
+      {701, CommandHandler::SelectLastRange},
   };
   EXPECT_EQ(handlers, expected);
-  EXPECT_EQ(notBuilt, (std::set<int>{704, 900, 901, 902, 400, 500}));
+  EXPECT_EQ(notBuilt, (std::set<int>{900, 901, 902, 400, 500}));
 }
 
 TEST(CommandTable, CloseSaveAndSaveAsAreDisabledWithoutADocument) {

@@ -24,6 +24,10 @@ class ScriptedPrompts : public Prompts {
   std::deque<Answer> answers;  // an unexpected question is answered No (Cancel where there is one)
   std::optional<std::filesystem::path> openPath;
   std::optional<SaveChoice> saveChoice;
+  std::optional<int> amplifyAnswer;
+  std::optional<int> filterAnswer;
+  std::optional<FormatChoice> formatAnswer;
+  std::vector<std::string> parametersAsked;  // "amplify 100", "filter 0", "format 44100 16 2"
   // What a running task's report gives; default: go on.
   std::function<bool(std::uint64_t, std::uint64_t)> onProgress = [](std::uint64_t, std::uint64_t) {
     return true;
@@ -49,6 +53,19 @@ class ScriptedPrompts : public Prompts {
     filtersShown = filters;
     startShown = start;
     return saveChoice;
+  }
+  std::optional<int> AskAmplify(int percent) override {
+    parametersAsked.push_back("amplify " + std::to_string(percent));
+    return amplifyAnswer;
+  }
+  std::optional<int> AskFilter(int preset) override {
+    parametersAsked.push_back("filter " + std::to_string(preset));
+    return filterAnswer;
+  }
+  std::optional<FormatChoice> AskFormat(const FormatChoice& format) override {
+    parametersAsked.push_back("format " + std::to_string(format.rate) + " " + std::to_string(format.bits) +
+                              " " + std::to_string(format.channels));
+    return formatAnswer;
   }
   std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& /*text*/) override {
     return std::make_unique<Display>(onProgress);

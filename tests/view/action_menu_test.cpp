@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <set>
 
 #include "view/ActionMenu.h"
 
@@ -34,9 +35,10 @@ TEST(ActionMenu, EntriesStandInTheirOrder) {
                                                          {"&Play", 8260}}));
 }
 
-TEST(ActionMenu, CutCopyAndInsertCanBeChosen) {
+TEST(ActionMenu, WhatIsBuiltCanBeChosen) {
+  const std::set<int> notBuilt{8271, 8338, 8256, 8260};
   for (const ActionItem& item : ActionMenu()) {
-    EXPECT_EQ(item.enabled, item.id == 8246 || item.id == 8248 || item.id == 8249) << item.text;
+    EXPECT_EQ(item.enabled, !notBuilt.contains(item.id)) << item.text;
     EXPECT_EQ(item.enabled, IsActionBuilt(item.id));
   }
 }

@@ -11,6 +11,9 @@
 #include <QMessageBox>
 #include <QProgressDialog>
 
+#include "dialogs/ui/FilterDialog.h"
+#include "dialogs/ui/FormatDialog.h"
+#include "dialogs/ui/SliderDialog.h"
 #include "document/StringTable.h"
 
 namespace tembrel {
@@ -168,6 +171,21 @@ std::optional<SaveChoice> QtPrompts::AskSavePath(const std::vector<FileFilter>& 
   const QString chosen = dialog.selectedFiles().first();
   RememberFolder(chosen);
   return SaveChoice{TextToPath(chosen), static_cast<int>(names.indexOf(dialog.selectedNameFilter())) + 1};
+}
+
+std::optional<int> QtPrompts::AskAmplify(int percent) {
+  CtlScaleDialog dialog(parent, percent);
+  return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Percent()) : std::nullopt;
+}
+
+std::optional<int> QtPrompts::AskFilter(int preset) {
+  FilterDialog dialog(parent, preset);
+  return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Preset()) : std::nullopt;
+}
+
+std::optional<FormatChoice> QtPrompts::AskFormat(const FormatChoice& format) {
+  FormatDialog dialog(parent, format);
+  return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Choice()) : std::nullopt;
 }
 
 std::unique_ptr<ProgressDisplay> QtPrompts::ShowProgress(const std::string& text) {

@@ -13,6 +13,7 @@
 #include "app/CommandIds.h"
 #include "app/ProductInfo.h"
 #include "app/ui/QtPrompts.h"
+#include "document/EffectQuestion.h"
 #include "document/FileFilter.h"
 #include "document/Opening.h"
 #include "document/Recovery.h"
@@ -156,8 +157,12 @@ bool tembrelMDIClient::IsCommandEnabled(int id) const {
 
 void tembrelMDIClient::RunCommand(int id) {
   const CommandRow* row = FindCommand(id);
-  if (row != nullptr && IsEnabled(*row, Context())) {
-    Execute(row->handler, id);
+  if (row != nullptr) {
+    if (IsEnabled(*row, Context())) {
+      Execute(row->handler, id);
+    }
+  } else if (AudioWin* active = ActiveDocument()) {
+    RunAction(*active, id);
   }
 }
 
@@ -184,6 +189,9 @@ bool tembrelMDIClient::ExecuteEdit(CommandHandler handler) {
     case CommandHandler::PasteOverwrite:
       Run(*active, PasteOverwriteEdit(clipboard, cursor));
       return true;
+    case CommandHandler::Format:
+      RunEffect(*active, *FindEffect(kCommandFormat));
+      return true;
     case CommandHandler::SelectAll:
       active->EditWindow()->SelectAll();
       return true;
@@ -206,8 +214,34 @@ void tembrelMDIClient::RunAction(AudioWin& window, int command) {
     case kActionInsert:
       return Run(window, InsertSilenceEdit(selection));
     default:
+      if (const EffectRow* effect = FindEffect(command)) {
+        RunEffect(window, *effect);
+      }
       return;
   }
+}
+
+void tembrelMDIClient::RunEffect(AudioWin& window, const EffectRow& effect) {
+  Document& document = window.Doc();
+  if (document.Clip() == nullptr) {
+    return;
+  }
+  const EditView& view = window.EditWindow()->View();
+  const ByteRange selection{view.SelectionStart(), view.SelectionEnd()};
+  const auto parameters = AskEffectParameters(prompts, effect.parameter, *document.Clip(), rememberedPreset);
+  if (!parameters) {
+    return;
+  }
+  EditResult result;
+  {
+    const WaitCursor waiting;
+    const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress(EffectTitle(effect));
+    result = document.Edit(
+        effect.make(selection, *parameters),
+        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); });
+  }
+  Say(result);
+  Q_EMIT stateChanged();
 }
 
 void tembrelMDIClient::Run(AudioWin& window, const EditStep& step) {

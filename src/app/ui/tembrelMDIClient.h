@@ -17,6 +17,8 @@
 #include "document/StatusTexts.h"
 #include "edit/Clipboard.h"
 #include "edit/EditStep.h"
+#include "edit/EffectTable.h"
+#include "edit/FilterPresets.h"
 
 namespace tembrel {
 
@@ -43,7 +45,8 @@ class tembrelMDIClient : public QMdiArea {
   // or the user cancelled.
   bool OpenDocument(const std::filesystem::path& path);
 
-  // Runs the command when it is enabled.
+  // Runs the command when it is enabled. One that only the action menu has, or no menu at all, runs on the
+  // active document's last selection.
   void RunCommand(int id);
   bool IsCommandEnabled(int id) const;
 
@@ -77,6 +80,7 @@ class tembrelMDIClient : public QMdiArea {
   void Execute(CommandHandler handler, int id);
   bool ExecuteEdit(CommandHandler handler);
   void RunAction(AudioWin& window, int command);
+  void RunEffect(AudioWin& window, const EffectRow& effect);
   void Run(AudioWin& window, const EditStep& step);
   void Say(const EditResult& result);
   CommandContext Context() const;
@@ -104,6 +108,7 @@ class tembrelMDIClient : public QMdiArea {
   bool loaded = false;  // the settings are those of the file
   RecentFiles recentFiles;
   Clipboard clipboard;
+  RememberedPreset rememberedPreset;
   long documentCount = 0;
   long long lastHandle = 0;
 };

@@ -1,0 +1,40 @@
+#include "dialogs/ui/FilterDialog.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "dialogs/DialogTexts.h"
+#include "edit/FilterPresets.h"
+
+namespace tembrel {
+
+FilterDialog::FilterDialog(QWidget* parent, int start)
+    : ParameterDialog(parent, "FilterDialog", kFilterResource, "Filter"), presets(new QComboBox(this)) {
+  for (const std::string_view name : FilterPresetNames()) {
+    presets->addItem(DialogText(name));
+  }
+  presets->setCurrentIndex(start);
+  SetControlId(presets, kFilterListControl);
+  auto* label = new QLabel("&Preset:", this);
+  label->setBuddy(presets);
+  auto* audition = new QPushButton("&Audition", this);
+  SetControlId(audition, kFilterAuditionControl);
+  audition->setEnabled(false);  // nothing can be played yet
+  const auto [ok, cancel] = CreateButtons(kOkControl);
+
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(label, 0, 0);
+  grid->addWidget(presets, 0, 1, 1, 3);
+  grid->addWidget(audition, 1, 1);
+  grid->addWidget(ok, 1, 2);
+  grid->addWidget(cancel, 1, 3);
+  grid->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+int FilterDialog::Preset() const {
+  return presets->currentIndex();
+}
+
+}  // namespace tembrel
