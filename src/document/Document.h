@@ -60,8 +60,8 @@ class Document {
   std::uint32_t FrameCount() const { return frameCount; }
   bool Stereo() const { return stereo; }
 
-  // Whether the clip differs from the file.
-  bool Changed() const { return changed; }
+  // Whether the clip differs from the file; a pencil stroke counts from its beginning.
+  bool Changed() const { return changed || pencilDown; }
   void SetChanged(bool newValue);
 
   // One line for the view: why the file could not be read, or that its sound can only be looked at. Empty

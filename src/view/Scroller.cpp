@@ -16,6 +16,9 @@ int Scroller::Percent() const {
 }
 
 bool Scroller::SetPercent(int percent) {
+  if (dragging) {
+    return false;  // the mouse has it
+  }
   const int old = thumb;
   thumb = std::clamp(std::clamp(percent, 0, 100) * kLastThumb / 100, kFirstThumb, kLastThumb);
   return thumb != old;

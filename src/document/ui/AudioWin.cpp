@@ -109,13 +109,14 @@ void AudioWin::CreateToolButtons() {
 
 void AudioWin::ShowTool(int index) {
   toolButtons.at(index)->setChecked(true);
-  editWindow->View().SetTool(index);
+  editWindow->ShowTool(index);
 }
 
 void AudioWin::CreateScrollBars() {
   horizontalScrollBar = new TMyScrollBar(Qt::Horizontal, this);
   horizontalScrollBar->setProperty("controlId", kScrollBarId);
   horizontalScrollBar->setAccessibleName("Position in the sound");
+  horizontalScrollBar->setToolTip("Position in the sound");
   connect(horizontalScrollBar, &TMyScrollBar::scrollRequested, this, [this](int code, int percent) {
     editWindow->View().HorizontalScroll(static_cast<ScrollCode>(code), percent);
   });
@@ -123,6 +124,7 @@ void AudioWin::CreateScrollBars() {
           [this](int percent) { horizontalScrollBar->ShowPosition(percent, editWindow->VisibleShare()); });
   verticalScrollBar = new TMyScrollBar(Qt::Vertical, this);
   verticalScrollBar->setAccessibleName("Amplitude rows shown");
+  verticalScrollBar->setToolTip("Amplitude rows, when vertically zoomed");
   verticalScrollBar->setEnabled(false);
   connect(verticalScrollBar, &TMyScrollBar::scrollRequested, this, [this](int code, int percent) {
     editWindow->View().VerticalScroll(static_cast<VerticalScrollCode>(code), percent);

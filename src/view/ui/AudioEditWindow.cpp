@@ -183,8 +183,11 @@ void AudioEditWindow::KeepPicture(const PaintArea& area) {
   }
 }
 
-void AudioEditWindow::PaintSelection(QPainter& painter) {
-  const PixelRect strip = StripOf(pictureKey.area, view.SelectionStrip());
+// Only the part inside `dirty`, device pixels: a drag invalidates a few columns of a wide strip.
+void AudioEditWindow::PaintSelection(QPainter& painter, const QRect& dirty) {
+  const PixelRect whole = StripOf(pictureKey.area, view.SelectionStrip());
+  const QRect part = QRect(whole.x, whole.y, whole.width, whole.height).intersected(dirty);
+  const PixelRect strip{part.x(), part.y(), part.width(), part.height()};
   if (strip.Empty()) {
     return;
   }
@@ -224,12 +227,14 @@ void AudioEditWindow::PaintNotice() {
   painter.drawText(box, Qt::AlignCenter, text);
 }
 
-void AudioEditWindow::paintEvent(QPaintEvent* /*event*/) {
+void AudioEditWindow::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(this);
     KeepPicture(UseDevicePixels(painter, *this));
     painter.drawImage(0, 0, Shown());
-    PaintSelection(painter);
+    const double scale = pictureKey.area.Scale();
+    const QRectF dirty(QPointF(event->rect().topLeft()) * scale, QSizeF(event->rect().size()) * scale);
+    PaintSelection(painter, dirty.toAlignedRect().adjusted(-1, -1, 1, 1));
     if (view.CursorShown()) {
       PaintCursor(painter);
     }
@@ -242,7 +247,8 @@ void AudioEditWindow::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 bool AudioEditWindow::event(QEvent* event) {
-  if (event->type() == QEvent::UngrabMouse) {
+  const QEvent::Type type = event->type();
+  if (type == QEvent::UngrabMouse || type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate) {
     view.CancelDrag();
   }
   return QWidget::event(event);
@@ -279,7 +285,15 @@ void AudioEditWindow::mousePressEvent(QMouseEvent* event) {
   }
 }
 
+void AudioEditWindow::ShowTool(int index) {
+  view.SetTool(index);
+  PointerShapeChanged();
+}
+
 void AudioEditWindow::mouseMoveEvent(QMouseEvent* event) {
+  if (view.Dragging() && event->buttons() == Qt::NoButton) {
+    view.CancelDrag();  // the release went to somebody else
+  }
   view.Move(PointOf(*event));
 }
 
@@ -419,14 +433,24 @@ void AudioEditWindow::PencilEnd() {
   document.EndPencil();
 }
 
+// The menu lives on its own: the document may close while it is open. What was chosen is answered once the
+// menu is gone.
 void AudioEditWindow::ActionMenuWanted(int x, int y) {
-  QMenu menu(this);
-  menu.setObjectName("actionMenu");
-  AddActions(menu, ActionMenu());
+  auto* menu = new QMenu(this);
+  menu->setObjectName("actionMenu");
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  AddActions(*menu, ActionMenu());
+  chosenAction = 0;
+  connect(menu, &QMenu::triggered, this,
+          [this](const QAction* chosen) { chosenAction = chosen->data().toInt(); });
+  connect(menu, &QMenu::aboutToHide, this, &AudioEditWindow::EndActionMenu, Qt::QueuedConnection);
   Q_EMIT actionMenuOpening();
-  const QAction* chosen = menu.exec(mapToGlobal(QPoint(x, y)));
+  menu->popup(mapToGlobal(QPoint(x, y)));
+}
+
+void AudioEditWindow::EndActionMenu() {
   view.ActionMenuClosed();
-  Q_EMIT actionMenuClosed(chosen == nullptr ? 0 : chosen->data().toInt());
+  Q_EMIT actionMenuClosed(chosenAction);
 }
 
 void AudioEditWindow::Relayout() {

@@ -31,6 +31,9 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   // How much of the sound is on the screen, 0 to 1.
   double VisibleShare() const;
 
+  // Takes the tool button `index`, 0 to 7.
+  void ShowTool(int index);
+
   // Select all and select last range: the action menu follows, where the mouse is.
   void SelectAll();
   void SelectLastRange();
@@ -101,7 +104,8 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   };
   const QImage& Shown() const { return scrolledPicture.isNull() ? picture : scrolledPicture; }
   void KeepPicture(const PaintArea& area);
-  void PaintSelection(QPainter& painter);
+  void PaintSelection(QPainter& painter, const QRect& dirty);
+  void EndActionMenu();
   void PaintCursor(QPainter& painter);
   void PaintNotice();
   void UpdateCursorStrip(std::int64_t frame);
@@ -113,6 +117,7 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   QImage picture;          // paper, grid and waveform in device pixels, as pictureKey tells
   QImage scrolledPicture;  // the same moved up or down; null when it is not
   PictureKey pictureKey;
+  int chosenAction = 0;             // what the open action menu was closed with; 0 for nothing
   std::uint64_t soundRevision = 0;  // counts the changes of the sound
   int wheelRest = 0;                // eighths of a degree not yet a whole wheel step
 };

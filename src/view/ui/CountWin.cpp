@@ -1,6 +1,5 @@
 #include "view/ui/CountWin.h"
 
-#include <QAccessible>
 #include <QPainter>
 
 #include "view/CounterText.h"
@@ -10,6 +9,7 @@ namespace tembrel {
 namespace {
 
 constexpr QSize kSize(120, 40);
+constexpr int kTile = 40;
 constexpr int kCentre = 49;
 constexpr int kFrameTextHeight = 16;
 constexpr int kTimeTextHeight = 12;
@@ -21,6 +21,14 @@ QFont CounterFont(int pixels, QFont::Weight weight) {
   font.setPixelSize(pixels);
   font.setWeight(weight);
   return font;
+}
+
+// One piece of the background, in the colours of the desktop.
+void DrawTile(QPainter& painter, int x, const QPalette& palette) {
+  const QRect tile(x, 0, kTile, kTile);
+  painter.fillRect(tile, palette.color(QPalette::Base));
+  painter.fillRect(tile.left(), tile.top(), tile.width(), 1, palette.color(QPalette::Mid));
+  painter.fillRect(tile.left(), tile.bottom(), tile.width(), 1, palette.color(QPalette::Mid));
 }
 
 void DrawCentred(QPainter& painter, int top, int height, const QString& text) {
@@ -56,7 +64,10 @@ void CountWin::TellReaders() {
 
 void CountWin::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setPen(palette().color(QPalette::WindowText));
+  for (int x = 0; x < width(); x += kTile) {
+    DrawTile(painter, x, palette());
+  }
+  painter.setPen(palette().color(QPalette::Text));
   painter.setFont(CounterFont(kFrameTextHeight, QFont::Bold));
   DrawCentred(painter, kFrameTop, kFrameTextHeight, QString::fromStdString(CounterFrameText(frame)));
   painter.setFont(CounterFont(kTimeTextHeight, QFont::Medium));

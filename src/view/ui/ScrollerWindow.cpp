@@ -15,18 +15,24 @@ constexpr int kThumbHeight = kScrollerThumbBottom - kScrollerThumbTop + 1;
 ScrollerWindow::ScrollerWindow(QWidget* parent) : QWidget(parent) {
   setObjectName("ScrollerWindow");
   setFixedSize(kScrollerTrack, kHeight);
-  setAccessibleName("Position");
+  TellReaders();
   setToolTip("Position in the sound: drag, or click beside the thumb for a screen");
+}
+
+void ScrollerWindow::TellReaders() {
+  setAccessibleName(QString("Position: %1 percent").arg(scroller.Percent()));
 }
 
 void ScrollerWindow::SetPosition(int percent) {
   if (scroller.SetPercent(percent)) {
+    TellReaders();
     update();
   }
 }
 
 void ScrollerWindow::Tell(const std::optional<ScrollerRequest>& request) {
   if (request) {
+    TellReaders();
     update();
     Q_EMIT scrollRequested(static_cast<int>(request->code), request->percent);
   }

@@ -29,6 +29,7 @@ class ScrollerWindow : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  void TellReaders();
   void Tell(const std::optional<ScrollerRequest>& request);
 
   Scroller scroller;

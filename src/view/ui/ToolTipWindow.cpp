@@ -1,6 +1,6 @@
 #include "view/ui/ToolTipWindow.h"
 
-#include <QEvent>
+#include <QEnterEvent>
 #include <QPainter>
 #include <QToolTip>
 
@@ -38,7 +38,8 @@ void ToolTipWindow::Watch(QWidget* control, int tipId) {
 bool ToolTipWindow::eventFilter(QObject* watched, QEvent* event) {
   auto* control = qobject_cast<QWidget*>(watched);
   if (control != nullptr && event->type() == QEvent::Enter) {
-    ShowTip(control->property(kTipId).toInt(), control->mapTo(parentWidget(), control->rect().center()));
+    const QPoint mouse = static_cast<QEnterEvent*>(event)->position().toPoint();
+    ShowTip(control->property(kTipId).toInt(), control->mapTo(parentWidget(), mouse));
   } else if (control != nullptr &&
              (event->type() == QEvent::Leave || event->type() == QEvent::MouseButtonPress)) {
     ShowTip(kNoToolTip, {});

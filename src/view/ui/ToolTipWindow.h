@@ -13,7 +13,7 @@ class ToolTipWindow : public QWidget, private ToolTipListener {
   // The pop-up appears inside `frame`.
   explicit ToolTipWindow(QWidget* frame);
 
-  // Shows the tip with this id while the mouse rests over `control`; `description` goes to screen readers.
+  // Shows the tip with this id while the mouse rests over `control`.
   void Watch(QWidget* control, int tipId);
 
   // See ToolTipRules::Show; pixels of the frame.
