@@ -1,0 +1,42 @@
+# shellcheck shell=bash
+# The examples of docs/batch-examples.md do what their headings say.
+# shellcheck source=batch.bash
+. "$(dirname "$0")/batch.bash"
+
+examples=$here/../../docs/batch-examples.md
+
+# example HEADING: the commands below the heading that begins so.
+example() {
+  awk -v heading="## $1" 'index($0, "## ") == 1 { here = index($0, heading) == 1 }
+    here && /^```/ { inside = !inside; next }
+    here && inside' "$examples" | grep . || fail "no example under $1"
+}
+
+mkdir folder
+make_talk 'folder/a talk.wav'
+cp 'folder/a talk.wav' folder/b.wav
+tembrel-batch -q -e 'open folder/b.wav' -e 'select all' -e 'amplify 50' -e save
+(cd folder && eval "$(example 'Bring every file')")
+# peak FILE: its largest positive sample.
+peak() {
+  tail -c +45 "$1" | od -An -v -w2 -t d2 | sort -n | tail -n 1 | tr -d ' '
+}
+for file in folder/*.wav; do
+  top=$(peak "$file")
+  ((top >= 29000 && top <= 29700)) || fail "the peak of $file is $top, not nine tenths of full scale"
+done
+
+make_talk talk.wav
+frames=$(value frames talk.wav)
+eval "$(example 'Cut the first')"
+same "the frames without ten seconds" "$(value frames short.wav)" $((frames - 441000))
+cmp <(tail -c +45 short.wav) <(tail -c +$((45 + 441000 * 4)) talk.wav) || fail "the end is not the end of the talk"
+
+eval "$(example 'Convert to mono')"
+same "rate, channels and frames" "$(value rate small.wav) $(value channels small.wav) $(value frames small.wav)" \
+  "22050 1 $((frames / 2))"
+
+eval "$(example 'A picture')"
+head -n 1 talk.svg | grep -q '^<svg .*width="1200" height="200"' || fail "no drawing of the size: $(head -n 1 talk.svg)"
+grep -q '#0000FF' talk.svg || fail "the drawing has no waveform"
+same "the talk itself" "$(value frames talk.wav)" "$frames"
