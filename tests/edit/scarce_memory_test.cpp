@@ -72,6 +72,21 @@ TEST(ScarceMemory, IsNoObstacleToUndoingWhatKeptTheLength) {
   EXPECT_EQ(session.Content(), BytesOf({2}));
 }
 
+TEST(ScarceMemory, CanRedoAnUndoThatFoundRoomAtTheSecondTry) {
+  EditSession session(kMono8, BytesOf({1, 2, 3, 4}));
+  session.clipboard.clip = test::ClipOf(kMono8, BytesOf({8, 9}));
+  ASSERT_TRUE(session.Run(PasteInsertEdit(session.clipboard, 0)).done);
+  const Bytes pasted = session.Content();
+  ScarceMemory scarce;
+  session.memory = scarce.Memory();
+  scarce.refuse = [&](std::size_t) { return scarce.asked == 1; };
+  ASSERT_TRUE(session.Undo());
+  EXPECT_EQ(session.Content(), BytesOf({1, 2, 3, 4}));
+  ASSERT_TRUE(session.undo.CanRedo());
+  ASSERT_TRUE(session.Redo());
+  EXPECT_EQ(session.Content(), pasted);
+}
+
 TEST(ScarceMemory, RefusesAnUndoThatHasToGrowTheClipAndChangesNothing) {
   EditSession session(kMono8, BytesOf({1, 2, 3, 4}));
   ScarceMemory scarce;
