@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "batch/AnalysisCommands.h"
 #include "batch/EditCommands.h"
 #include "batch/EffectCommands.h"
 #include "batch/FileCommands.h"
@@ -13,8 +14,8 @@ namespace tembrel {
 const std::vector<BatchCommand>& BatchCommands() {
   static const std::vector<BatchCommand> kCommands = [] {
     std::vector<BatchCommand> commands;
-    for (const auto& family :
-         {FileCommands(), EditCommands(), EffectCommands(), ViewCommands(), LaterCommands()}) {
+    for (const auto& family : {FileCommands(), EditCommands(), EffectCommands(), ViewCommands(),
+                               AnalysisCommands(), LaterCommands()}) {
       commands.insert(commands.end(), family.begin(), family.end());
     }
     return commands;

@@ -22,8 +22,6 @@ std::vector<BatchCommand> LaterCommands() {
       Later("remove-noise", {{"STRENGTH", ArgumentKind::Whole, 0, 100}}, Needs::Selection),
       Later("plugins", {}, Needs::Nothing),
       Later("plugin", {{"NAME"}}, Needs::Selection),
-      Later("spectrum", {}, Needs::Document),
-      Later("note", {{"HZ", ArgumentKind::Decimal, 0, 4294967295.0}}, Needs::Nothing),
   };
   for (BatchCommand& command : commands) {
     command.takesMore = command.name == "plugin";
