@@ -55,8 +55,7 @@ fs::path BrokenPath(const fs::path& wave) {
 }
 
 std::string PutAside(const AbandonedCopy& copy, const std::string& reason) {
-  const std::string text =
-      "The unsaved changes of " + ShownName(copy) + " could not be recovered: " + reason + ".";
+  std::string text = "The unsaved changes of " + ShownName(copy) + " could not be recovered: " + reason + ".";
   const fs::path broken = BrokenPath(copy.wave);
   std::error_code error;
   fs::rename(copy.wave, broken, error);

@@ -26,7 +26,7 @@ class DocumentTest : public ::testing::Test {
     for (std::size_t i = 0; i < data.size(); ++i) {
       data[i] = static_cast<std::byte>(i);
     }
-    const std::filesystem::path path = scratch.Path() / name;
+    std::filesystem::path path = scratch.Path() / name;
     WriteWaveFile(data, rate, bits, channels, path);
     return path;
   }

@@ -86,7 +86,7 @@ class Rewriting : public test::DocumentTest {
     std::ranges::fill(clip.Bytes(), value);
   }
   std::filesystem::path Fresh() const {
-    const auto path = scratch.Path() / "fresh.wav";
+    auto path = scratch.Path() / "fresh.wav";
     const WaveFormat& format = clip.format;
     WriteWaveFile(clip.Bytes(), format.nSamplesPerSec, format.wBitsPerSample, format.nChannels, path);
     return path;
