@@ -107,10 +107,10 @@ class Tidy:
     def problems(self):
         sources = [self.root / path for path in project_files.list_files(self.root, ".cpp")
                    if path.parts[0] not in NOT_BUILT]
-        found = [f"{source}: not part of the build" for source in sources if source not in self.commands]
+        yield from (f"{source}: not part of the build" for source in sources if source not in self.commands)
         with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
             said = pool.map(self.problem, [source for source in sources if source in self.commands])
-            return found + [words for words in said if words]
+            yield from (words for words in said if words)
 
 
 if __name__ == "__main__":

@@ -145,7 +145,7 @@ class ChecksCanFail(unittest.TestCase):
         source = self.root / "src/Box.cpp"
         entry = {"directory": str(build), "file": str(source), "command": f"c++ -c {source} -o Box.o"}
         (build / "compile_commands.json").write_text(json.dumps([entry]))
-        return check_tidy.Tidy(self.root, build, self.root.parent / "cache").problems()
+        return list(check_tidy.Tidy(self.root, build, self.root.parent / "cache").problems())
 
     def test_tidy_finds_a_null_that_is_zero(self):
         self.write(".clang-tidy", "Checks: '-*,modernize-use-nullptr'\nWarningsAsErrors: '*'\n")
@@ -171,10 +171,10 @@ class ChecksCanFail(unittest.TestCase):
         self.configure(build)
         subprocess.run(["cmake", "--build", str(build)], check=True, capture_output=True)
         cache = self.root.parent / "cache"
-        self.assertEqual(check_tidy.Tidy(self.root, build, cache).problems(), [])
+        self.assertEqual(list(check_tidy.Tidy(self.root, build, cache).problems()), [])
         self.assertEqual(len(list(cache.glob("*.clean"))), 1)
         header.write_text("inline int* box = 0;\n")
-        self.assert_finds(check_tidy.Tidy(self.root, build, cache).problems(), "modernize-use-nullptr")
+        self.assert_finds(list(check_tidy.Tidy(self.root, build, cache).problems()), "modernize-use-nullptr")
 
 
 if __name__ == "__main__":

@@ -22,9 +22,10 @@ def read_lines(root, path):
 
 
 def report(problems):
-    """Ends the process: status 0 when there are no problems, else their list and status 1."""
-    for problem in problems:
-        print(problem)
-    if problems:
-        print(f"{len(problems)} problem(s)")
-    sys.exit(1 if problems else 0)
+    """Prints the problems as they come and ends the process: status 0 when there are none, else 1."""
+    count = 0
+    for count, problem in enumerate(problems, 1):
+        print(problem, flush=True)
+    if count:
+        print(f"{count} problem(s)")
+    sys.exit(1 if count else 0)
