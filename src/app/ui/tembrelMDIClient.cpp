@@ -41,6 +41,13 @@ class WaitCursor {
   WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
+// What `work` gives, with the wait cursor while it runs.
+template <typename Work>
+EditResult Waiting(const Work& work) {
+  const WaitCursor waiting;
+  return work();
+}
+
 }  // namespace
 
 tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore settingStore, Prompts& questions,
@@ -175,10 +182,10 @@ bool tembrelMDIClient::ExecuteEdit(CommandHandler handler) {
   const std::int64_t cursor = active->EditWindow()->View().CursorFrame();
   switch (handler) {
     case CommandHandler::Undo:
-      Say(active->Doc().Undo());
+      Say(Waiting([active] { return active->Doc().Undo(); }));
       return true;
     case CommandHandler::Redo:
-      Say(active->Doc().Redo());
+      Say(Waiting([active] { return active->Doc().Redo(); }));
       return true;
     case CommandHandler::PasteInsert:
       Run(*active, PasteInsertEdit(clipboard, cursor));
@@ -245,7 +252,7 @@ void tembrelMDIClient::RunEffect(AudioWin& window, const EffectRow& effect) {
 }
 
 void tembrelMDIClient::Run(AudioWin& window, const EditStep& step) {
-  Say(window.Doc().Edit(step));
+  Say(Waiting([&] { return window.Doc().Edit(step); }));
   Q_EMIT stateChanged();
 }
 
