@@ -14,8 +14,8 @@ cmp "$scratch/one.wav" "$scratch/two.wav"
 [ "$(od -A n -t u2 -j 20 -N 4 "$scratch/one.wav" | tr -s ' ')" = ' 1 2' ]
 [ "$(od -A n -t u4 -j 24 -N 8 "$scratch/one.wav" | tr -s ' ')" = ' 44100 176400' ]
 [ "$(od -A n -t u2 -j 32 -N 4 "$scratch/one.wav" | tr -s ' ')" = ' 4 16' ]
-loud=$(od -A n -v -t d2 -w2 -j 44 "$scratch/one.wav" | awk '$1 > 20000 || $1 < -20000 { ++n } END { print n + 0 }')
-[ "$loud" -gt 100 ]
+loud=$(od -A n -v -t d2 -w2 -j 44 "$scratch/one.wav" | awk '$1 > 15000 || $1 < -15000 { ++n } END { print n + 0 }')
+[ "$loud" -gt 200 ]
 
 if "$demo" "$scratch/no such folder/demo.wav" 2>"$scratch/said"; then
   exit 1

@@ -177,7 +177,7 @@ maximise_document() {
 
 # view_sum FILE: a sum of what a picture of the main window with a maximised document holds of the waveform view.
 view_sum() {
-  convert "$1" -crop +2+90 +repage -gravity SouthEast -chop 24x40 rgb:- | sha256sum
+  convert "$1" -crop +2+104 +repage -gravity SouthEast -chop 24x40 rgb:- | sha256sum
 }
 
 # view_looks_like FILE: whether the view looks exactly as in that picture of the main window. view_looks_unlike FILE: or not.

@@ -23,7 +23,7 @@ for key in Home End; do
   wait_until "the cursor back by $key" view_looks_like "$scratch/start.png"
 done
 
-zoomAll=-9 zoomIn=-26 zoomOut=-43 buttonRow=76
+zoomAll=-9 zoomIn=-26 zoomOut=-43 buttonRow=92
 click $zoomIn $buttonRow
 wait_until "a closer view" view_looks_unlike "$scratch/start.png"
 click $zoomOut $buttonRow
