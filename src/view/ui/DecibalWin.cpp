@@ -17,6 +17,7 @@ constexpr int kFontHeight = 9;
 DecibalWin::DecibalWin(QWidget* parent) : QWidget(parent) {
   setObjectName("DecibalWin");
   setAccessibleName("Amplitude scale");
+  setToolTip("Amplitude scale: 1.0 is full scale");
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 

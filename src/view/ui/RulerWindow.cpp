@@ -37,6 +37,7 @@ RulerWindow::RulerWindow(const EditView& shownView, const char* name, const char
     : QWidget(parent), view(shownView) {
   setObjectName(name);
   setAccessibleName(description);
+  setToolTip(description);
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 

@@ -12,6 +12,8 @@ namespace {
 
 constexpr int kFontHeight = 11;
 constexpr char kTipId[] = "tipId";
+// A mouse on its way to the next button is away no longer than this: the tip moves on with it.
+constexpr int kGapMs = 150;
 
 QString ToText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -27,6 +29,9 @@ ToolTipWindow::ToolTipWindow(QWidget* frame) : QWidget(frame), rules(*this) {
   endTimer.setSingleShot(true);
   connect(&tipTimer, &QTimer::timeout, this, [this] { rules.TipTimeOver(); });
   connect(&endTimer, &QTimer::timeout, this, [this] { rules.EndTimeOver(); });
+  leaveTimer.setSingleShot(true);
+  leaveTimer.setInterval(kGapMs);
+  connect(&leaveTimer, &QTimer::timeout, this, [this] { ShowTip(kNoToolTip, {}); });
   hide();
 }
 
@@ -37,11 +42,16 @@ void ToolTipWindow::Watch(QWidget* control, int tipId) {
 
 bool ToolTipWindow::eventFilter(QObject* watched, QEvent* event) {
   auto* control = qobject_cast<QWidget*>(watched);
-  if (control != nullptr && event->type() == QEvent::Enter) {
+  if (control == nullptr) {
+    return false;
+  }
+  if (event->type() == QEvent::Enter) {
+    leaveTimer.stop();
     const QPoint mouse = static_cast<QEnterEvent*>(event)->position().toPoint();
     ShowTip(control->property(kTipId).toInt(), control->mapTo(parentWidget(), mouse));
-  } else if (control != nullptr &&
-             (event->type() == QEvent::Leave || event->type() == QEvent::MouseButtonPress)) {
+  } else if (event->type() == QEvent::Leave) {
+    leaveTimer.start();
+  } else if (event->type() == QEvent::MouseButtonPress) {
     ShowTip(kNoToolTip, {});
   }
   return false;
@@ -53,6 +63,7 @@ int ToolTipWindow::TextWidth(std::string_view measured) {
 
 void ToolTipWindow::ShowTip(std::string_view newText, int x, int y, int width, int height) {
   text = ToText(newText);
+  setAccessibleName(text);
   setGeometry(std::min(x, std::max(0, parentWidget()->width() - width)), y, width, height);
   raise();
   show();

@@ -35,6 +35,7 @@ class ToolTipWindow : public QWidget, private ToolTipListener {
   ToolTipRules rules;
   QTimer tipTimer;
   QTimer endTimer;
+  QTimer leaveTimer;
   QString text;
 };
 
