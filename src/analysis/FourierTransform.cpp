@@ -58,8 +58,9 @@ void Combine(std::complex<double>& first, std::complex<double>& second, const Tw
 }
 
 void CombineAll(Data data, const Dimension& dimension, int sign) {
-  for (std::size_t half = dimension.inner; half < dimension.end; half *= 2) {
-    TwiddleRecurrence twiddle(2 * half / dimension.inner, sign);
+  for (std::size_t points = 2; points / 2 * dimension.inner < dimension.end; points *= 2) {
+    const std::size_t half = points / 2 * dimension.inner;
+    TwiddleRecurrence twiddle(points, sign);
     for (std::size_t offset = 0; offset < half; offset += dimension.inner) {
       for (std::size_t k = offset; k < offset + dimension.inner; ++k) {
         for (std::size_t at = k; at < dimension.total; at += 2 * half) {

@@ -1,6 +1,6 @@
-// The transform of blocks of 2048 values in double precision, four blocks at a time: for sound that is
-// filtered by the hour. Its tables hold the twiddles of FourierTransform, so its results differ from those by
-// rounding only.
+// The transform of blocks of 2048 real values and back in double precision, four blocks at a time: for sound
+// that is filtered by the hour. Its tables hold the twiddles of FourierTransform, so its results differ from
+// those by rounding only.
 #pragma once
 
 #include <array>
@@ -12,18 +12,25 @@ inline constexpr std::size_t kBlockPoints = 2048;
 inline constexpr std::size_t kLanes = 4;
 
 // Value i of block `lane` stands at i × kLanes + lane.
-struct LaneBlocks {
-  std::array<double, kBlockPoints * kLanes> re;
-  std::array<double, kBlockPoints * kLanes> im;
+using LaneValues = std::array<double, kBlockPoints * kLanes>;
+
+// Bin i of block `lane`: its real part stands at 2 × i × kLanes + lane, its imaginary part kLanes further on.
+using LaneBins = std::array<double, 2 * kBlockPoints * kLanes>;
+
+// What the parts of every bin are multiplied by.
+struct BinGains {
+  std::array<double, kBlockPoints> re;
+  std::array<double, kBlockPoints> im;
 };
 
 class LaneTransform {
  public:
   LaneTransform();
 
-  // With sign +1 and -1. Neither scales: forth and back multiplies by 2048.
-  void Forward(LaneBlocks& blocks) const;
-  void Inverse(LaneBlocks& blocks) const;
+  // With sign +1.
+  void Forward(const LaneValues& values, LaneBins& bins) const;
+  // With sign -1, after the gains; only the real parts. Nothing is scaled: forth and back multiplies by 2048.
+  void Inverse(const LaneBins& bins, const BinGains& gains, LaneValues& values) const;
 
  private:
   struct Twiddle {
@@ -31,9 +38,17 @@ class LaneTransform {
     double im = 0;
   };
 
-  void Transform(double* re, double* im) const;
-  static void OneStage(double* re, double* im, std::size_t half, const Twiddle* twiddles);
-  static void TwoStages(double* re, double* im, std::size_t half, const Twiddle* twiddles);
+  // The first eight stages join the bins of a section only, which stays in the processor's first cache for
+  // all of them.
+  static constexpr std::size_t kSection = 256;
+
+  void FirstForward(const double* values, double* bins, std::size_t section) const;
+  void FirstInverse(const double* bins, const BinGains& gains, double* turned, std::size_t section) const;
+  void FinishSection(double* bins, std::size_t section) const;
+  static void TwoStages(double* bins, std::size_t points, std::size_t half, const Twiddle* twiddles);
+  void JoinSections(double* bins) const;
+  void LastForward(double* bins) const;
+  void LastInverse(const double* turned, double* values) const;
 
   // Those of the stage that joins blocks of `half` values begin at half - 1.
   std::array<Twiddle, kBlockPoints> table;

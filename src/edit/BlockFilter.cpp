@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <complex>
+#include <cstring>
 
 #include "analysis/FourierTransform.h"
 #include "platform/WideLoops.h"
@@ -46,48 +47,75 @@ void CleanSpectrum(const float* block, const BlockValues& window, BlockValues& f
   }
 }
 
+// Four numbers of a block, or the same number of four blocks.
+using Four = float __attribute__((vector_size(kLanes * sizeof(float))));
+
+// Rows become columns.
+[[gnu::always_inline]] inline void Transpose(std::array<Four, kLanes>& rows) {
+  const Four low01 = __builtin_shufflevector(rows[0], rows[1], 0, 4, 1, 5);
+  const Four high01 = __builtin_shufflevector(rows[0], rows[1], 2, 6, 3, 7);
+  const Four low23 = __builtin_shufflevector(rows[2], rows[3], 0, 4, 1, 5);
+  const Four high23 = __builtin_shufflevector(rows[2], rows[3], 2, 6, 3, 7);
+  rows[0] = __builtin_shufflevector(low01, low23, 0, 1, 4, 5);
+  rows[1] = __builtin_shufflevector(low01, low23, 2, 3, 6, 7);
+  rows[2] = __builtin_shufflevector(high01, high23, 0, 1, 4, 5);
+  rows[3] = __builtin_shufflevector(high01, high23, 2, 3, 6, 7);
+}
+
 TEMBREL_WIDE_LOOPS
-void Multiply(double* values, const double* gains) {
-  for (std::size_t i = 0; i < kBlockPoints; ++i) {
+void LoadLanes(const std::array<const float*, kLanes>& blocks, double* values) {
+  for (std::size_t i = 0; i < kBlockPoints; i += kLanes) {
+    std::array<Four, kLanes> rows;
     for (std::size_t lane = 0; lane < kLanes; ++lane) {
-      values[i * kLanes + lane] *= gains[i];
+      std::memcpy(&rows[lane], blocks[lane] + i, sizeof(Four));
+    }
+    Transpose(rows);
+    for (std::size_t row = 0; row < kLanes; ++row) {
+      for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        values[(i + row) * kLanes + lane] = rows[row][lane];
+      }
     }
   }
 }
 
-void LoadLane(const float* block, std::size_t lane, LaneBlocks& lanes) {
-  for (std::size_t i = 0; i < kBlockPoints; ++i) {
-    lanes.re[i * kLanes + lane] = block[i];
-  }
-}
-
-void StoreLane(const LaneBlocks& lanes, std::size_t lane, const BlockValues& window, BlockValues& filtered) {
-  for (std::size_t i = 0; i < kBlockPoints; ++i) {
-    filtered[i] = static_cast<float>(lanes.re[i * kLanes + lane] * kScale) * window[i];
+// Scaled, rounded, and under the window, which rounds once more.
+TEMBREL_WIDE_LOOPS
+void StoreLanes(const double* values, const float* window, std::array<BlockValues, kLanes>& filtered) {
+  for (std::size_t i = 0; i < kBlockPoints; i += kLanes) {
+    std::array<Four, kLanes> rows;
+    for (std::size_t row = 0; row < kLanes; ++row) {
+      for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        rows[row][lane] = static_cast<float>(values[(i + row) * kLanes + lane] * kScale) * window[i + row];
+      }
+    }
+    Transpose(rows);
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      std::memcpy(&filtered[lane][i], &rows[lane], sizeof(Four));
+    }
   }
 }
 
 }  // namespace
 
 BlockFilter::BlockFilter(FilterMode filterMode, std::uint32_t sampleRate, std::span<const Breakpoint> table)
-    : mode(filterMode), window(TriangularWindow()), reGains{}, imGains{} {
-  reGains.fill(1.0);
-  imGains.fill(1.0);
+    : mode(filterMode), window(TriangularWindow()), gains{} {
+  gains.re.fill(1.0);
+  gains.im.fill(1.0);
   if (mode == FilterMode::CutRumble) {
     for (std::size_t bin = 0; bin < kBlockPoints; ++bin) {
       const bool kept = std::uint64_t{sampleRate} * bin / kBlockPoints >= kRumbleEnd &&
                         std::uint64_t{sampleRate} * (kBlockPoints - bin) / kBlockPoints >= kRumbleEnd;
-      reGains.at(bin) = kept ? 1.0 : 0.5;
+      gains.re.at(bin) = kept ? 1.0 : 0.5;
     }
   }
   if (mode == FilterMode::Preset) {
     for (std::size_t bin = 0; bin < kHalf; ++bin) {
       const double gain = BandGainPercent(table, sampleRate, bin) * 0.01;
-      reGains.at(bin) = gain;
-      reGains.at(kBlockPoints - 1 - bin) = gain;
+      gains.re.at(bin) = gain;
+      gains.re.at(kBlockPoints - 1 - bin) = gain;
     }
-    reGains.at(kHalf) = 1.0;
-    imGains = reGains;
+    gains.re.at(kHalf) = 1.0;
+    gains.im = gains.re;
   }
 }
 
@@ -104,21 +132,16 @@ void BlockFilter::Filter(std::span<const float* const> blocks,
 
 void BlockFilter::FilterByGains(std::span<const float* const> blocks,
                                 std::array<BlockValues, kLanes>& filtered) const {
-  LaneBlocks lanes;
-  if (blocks.size() < kLanes) {
-    lanes.re.fill(0.0);
-  }
-  lanes.im.fill(0.0);
-  for (std::size_t lane = 0; lane < blocks.size(); ++lane) {
-    LoadLane(blocks[lane], lane, lanes);
-  }
-  transform.Forward(lanes);
-  Multiply(lanes.re.data(), reGains.data());
-  Multiply(lanes.im.data(), imGains.data());
-  transform.Inverse(lanes);
-  for (std::size_t lane = 0; lane < blocks.size(); ++lane) {
-    StoreLane(lanes, lane, window, filtered.at(lane));
-  }
+  static constexpr BlockValues kSilence{};
+  std::array<const float*, kLanes> loaded{};
+  loaded.fill(kSilence.data());
+  std::ranges::copy(blocks, loaded.begin());
+  LaneValues values;
+  LaneBins bins;
+  LoadLanes(loaded, values.data());
+  transform.Forward(values, bins);
+  transform.Inverse(bins, gains, values);
+  StoreLanes(values.data(), window.data(), filtered);
 }
 
 }  // namespace tembrel

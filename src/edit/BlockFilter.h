@@ -37,8 +37,7 @@ class BlockFilter {
   FilterMode mode;
   LaneTransform transform;
   BlockValues window;
-  std::array<double, kBlockPoints> reGains;
-  std::array<double, kBlockPoints> imGains;
+  BinGains gains;
 };
 
 }  // namespace tembrel

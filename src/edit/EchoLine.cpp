@@ -11,18 +11,16 @@ namespace tembrel {
 namespace {
 
 constexpr int kEchoPercent = 22;
-// Samples that run through all taps at a time: they and what is echoed stay in the processor's cache, and
-// what is echoed is seldom moved.
+// Samples that run through all taps at a time: they and what is echoed stay in the processor's cache.
 constexpr std::size_t kRun = 8192;
-
-inline float WithEcho(float sample, float echoed) {
-  return static_cast<float>(sample + kEchoPercent * static_cast<double>(echoed) * 0.01);
-}
+// Samples that go into a tap's memory before the last of them are moved to its start.
+constexpr std::size_t kRoom = 4 * kRun;
 
 TEMBREL_WIDE_LOOPS
-void AddEchoes(float* __restrict samples, const float* __restrict echoed, std::size_t count) {
+void AddEchoes(const float* __restrict samples, const float* __restrict echoed, float* __restrict out,
+               std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    samples[i] = WithEcho(samples[i], echoed[i]);
+    out[i] = static_cast<float>(samples[i] + kEchoPercent * static_cast<double>(echoed[i]) * 0.01);
   }
 }
 
@@ -41,14 +39,23 @@ std::optional<EchoLine> EchoLine::Make(ClipEditor& editor, std::int64_t count, s
   for (Tap& tap : line.taps) {
     if (tap.start < count) {
       std::optional<MemoryBlock> block =
-          editor.Allocate((static_cast<std::uint64_t>(tap.distance) + kRun) * sizeof(float));
+          editor.Allocate((static_cast<std::uint64_t>(tap.distance) + kRoom) * sizeof(float));
       if (!block) {
         return std::nullopt;
       }
-      tap.recent = std::move(*block);
+      tap.outputs = std::move(*block);
     }
   }
+  line.Restart();
   return line;
+}
+
+// What stands for the outputs before the first is never echoed.
+void EchoLine::Restart() {
+  position = 0;
+  for (Tap& tap : taps) {
+    tap.filled = static_cast<std::size_t>(tap.distance);
+  }
 }
 
 void EchoLine::Continue(std::span<float> samples) {
@@ -60,30 +67,39 @@ void EchoLine::Continue(std::span<float> samples) {
 }
 
 void EchoLine::Run(std::span<float> samples) {
+  std::span<const float> heard = samples;
   for (Tap& tap : taps) {
-    if (!tap.recent.Empty()) {
-      RunTap(tap, samples, position);
+    if (!tap.outputs.Empty()) {
+      heard = RunTap(tap, heard, position);
     }
+  }
+  if (heard.data() != samples.data()) {
+    std::ranges::copy(heard, samples.begin());
   }
   position += static_cast<std::int64_t>(samples.size());
 }
 
-// `recent` holds the outputs from `distance` before the run on, so an output's echo stands at its own index.
-void EchoLine::RunTap(Tap& tap, std::span<float> samples, std::int64_t position) {
-  const std::span<float> recent = AsFloats(tap.recent);
+// The outputs, which stay where they are until the tap's next run.
+std::span<const float> EchoLine::RunTap(Tap& tap, std::span<const float> samples, std::int64_t position) {
+  const std::span<float> outputs = AsFloats(tap.outputs);
   const auto distance = static_cast<std::size_t>(tap.distance);
-  const auto silent =
-      std::clamp<std::int64_t>(tap.start - position, 0, static_cast<std::int64_t>(samples.size()));
-  std::ranges::copy(samples, recent.begin() + tap.distance);
-  const std::span<float> outputs = recent.subspan(distance);
+  if (tap.filled + samples.size() > outputs.size()) {
+    std::copy_n(&outputs[tap.filled] - distance, distance, outputs.begin());
+    tap.filled = distance;
+  }
+  const std::span<float> out = outputs.subspan(tap.filled, samples.size());
+  const auto silent = static_cast<std::size_t>(
+      std::clamp<std::int64_t>(tap.start - position, 0, static_cast<std::int64_t>(samples.size())));
+  std::ranges::copy(samples.first(silent), out.begin());
   // A delay of 0 echoes the sample itself. Otherwise at most `distance` outputs can be had at a time.
-  for (auto at = static_cast<std::size_t>(silent); at < samples.size();) {
+  for (std::size_t at = silent; at < samples.size();) {
     const std::size_t length = distance == 0 ? samples.size() - at : std::min(distance, samples.size() - at);
-    AddEchoes(&samples[at], &recent[at], length);
-    std::copy_n(&samples[at], length, &outputs[at]);
+    const float* const echoed = distance == 0 ? &samples[at] : &out[at] - distance;
+    AddEchoes(&samples[at], echoed, &out[at], length);
     at += length;
   }
-  std::copy_n(recent.begin() + static_cast<std::ptrdiff_t>(samples.size()), distance, recent.begin());
+  tap.filled += samples.size();
+  return out;
 }
 
 }  // namespace tembrel

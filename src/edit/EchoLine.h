@@ -21,7 +21,7 @@ class EchoLine {
   static std::optional<EchoLine> Make(ClipEditor& editor, std::int64_t count, std::uint32_t delay);
 
   // Begins with the first sample again.
-  void Restart() { position = 0; }
+  void Restart();
   // Puts the next samples, in place.
   void Continue(std::span<float> samples);
 
@@ -29,12 +29,14 @@ class EchoLine {
   struct Tap {
     std::int64_t distance = 0;  // samples to what is echoed
     std::int64_t start = 0;     // the first sample that hears an echo
-    MemoryBlock recent;         // the last `distance` outputs and those of one run; empty: nothing is echoed
+    // The last outputs, at least `distance` of them, and room for more; empty: nothing is echoed.
+    MemoryBlock outputs;
+    std::size_t filled = 0;  // samples
   };
 
   EchoLine(std::int64_t sampleCount, std::uint32_t delay);
   void Run(std::span<float> samples);
-  static void RunTap(Tap& tap, std::span<float> samples, std::int64_t position);
+  static std::span<const float> RunTap(Tap& tap, std::span<const float> samples, std::int64_t position);
 
   std::int64_t count;
   std::int64_t position = 0;

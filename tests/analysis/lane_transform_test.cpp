@@ -19,36 +19,61 @@ std::array<Block, kLanes> Noise() {
   std::array<Block, kLanes> blocks;
   for (Block& block : blocks) {
     for (std::size_t i = 0; i < kBlockPoints; ++i) {
-      block.emplace_back(level(engine), level(engine));
+      block.emplace_back(level(engine), 0.0);
     }
   }
   return blocks;
 }
 
-std::unique_ptr<LaneBlocks> Packed(const std::array<Block, kLanes>& blocks) {
-  auto lanes = std::make_unique<LaneBlocks>();
-  for (std::size_t lane = 0; lane < kLanes; ++lane) {
-    for (std::size_t i = 0; i < kBlockPoints; ++i) {
-      lanes->re.at(i * kLanes + lane) = blocks.at(lane)[i].real();
-      lanes->im.at(i * kLanes + lane) = blocks.at(lane)[i].imag();
-    }
-  }
-  return lanes;
+void TransformPlainly(Block& block, int sign) {
+  FourierTransform(block, std::array<std::size_t, 1>{kBlockPoints}, sign);
 }
 
 // Far closer than the two are to the transform with the true pi: the twiddles are the same.
 TEST(LaneTransform, IsThePlainTransformOfEachBlockUpToRounding) {
   const LaneTransform transform;
-  for (const int sign : {1, -1}) {
-    std::array<Block, kLanes> blocks = Noise();
-    const auto lanes = Packed(blocks);
-    (sign == 1 ? transform.Forward(*lanes) : transform.Inverse(*lanes));
-    for (std::size_t lane = 0; lane < kLanes; ++lane) {
-      FourierTransform(blocks.at(lane), std::array<std::size_t, 1>{kBlockPoints}, sign);
-      for (std::size_t i = 0; i < kBlockPoints; ++i) {
-        ASSERT_NEAR(lanes->re.at(i * kLanes + lane), blocks.at(lane)[i].real(), 2e-13);
-        ASSERT_NEAR(lanes->im.at(i * kLanes + lane), blocks.at(lane)[i].imag(), 2e-13);
-      }
+  std::array<Block, kLanes> blocks = Noise();
+  const auto values = std::make_unique<LaneValues>();
+  const auto bins = std::make_unique<LaneBins>();
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    for (std::size_t i = 0; i < kBlockPoints; ++i) {
+      values->at(i * kLanes + lane) = blocks.at(lane)[i].real();
+    }
+    TransformPlainly(blocks.at(lane), 1);
+  }
+  transform.Forward(*values, *bins);
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    for (std::size_t i = 0; i < kBlockPoints; ++i) {
+      ASSERT_NEAR(bins->at(2 * i * kLanes + lane), blocks.at(lane)[i].real(), 2e-13);
+      ASSERT_NEAR(bins->at((2 * i + 1) * kLanes + lane), blocks.at(lane)[i].imag(), 2e-13);
+    }
+  }
+}
+
+TEST(LaneTransform, MultipliesByTheGainsOnTheWayBack) {
+  const LaneTransform transform;
+  std::array<Block, kLanes> blocks = Noise();
+  const auto values = std::make_unique<LaneValues>();
+  const auto bins = std::make_unique<LaneBins>();
+  BinGains gains;
+  for (std::size_t i = 0; i < kBlockPoints; ++i) {
+    gains.re.at(i) = static_cast<double>(i % 7) / 4;
+    gains.im.at(i) = static_cast<double>(i % 5) / 4;
+  }
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    TransformPlainly(blocks.at(lane), 1);
+    for (std::size_t i = 0; i < kBlockPoints; ++i) {
+      std::complex<double>& bin = blocks.at(lane)[i];
+      bins->at(2 * i * kLanes + lane) = bin.real();
+      bins->at((2 * i + 1) * kLanes + lane) = bin.imag();
+      bin = {bin.real() * gains.re.at(i), bin.imag() * gains.im.at(i)};
+    }
+    TransformPlainly(blocks.at(lane), -1);
+  }
+  transform.Inverse(*bins, gains, *values);
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    for (std::size_t i = 0; i < kBlockPoints; ++i) {
+      ASSERT_NEAR(values->at(i * kLanes + lane), blocks.at(lane)[i].real(), 1e-11);
     }
   }
 }
