@@ -19,7 +19,7 @@ class BatchTest : public ::testing::Test {
   // A WAVE file of `frames` frames of bytes that are told apart; its path in double quotes.
   std::string MakeWave(const std::string& name, std::size_t frames = 1000, std::uint32_t bits = 16,
                        std::uint32_t channels = 2, std::uint32_t rate = 44100) const {
-    const std::size_t frameSize = bits / 8 * channels;
+    const std::size_t frameSize = std::size_t{bits} / 8 * channels;
     WriteBytes(scratch / name, WaveFile(rate, bits, channels, CountingBytes(frames * frameSize)));
     return Quoted(name);
   }
@@ -35,7 +35,7 @@ class BatchTest : public ::testing::Test {
     std::istringstream script(text);
     std::ostringstream output;
     BatchSession session(PathsBelow(scratch / "program"), output, nullptr);
-    const Failure failure = ScriptRunner(session).RunScript(script, "s");
+    Failure failure = ScriptRunner(session).RunScript(script, "s");
     printed = output.str();
     return failure;
   }
