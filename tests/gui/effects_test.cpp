@@ -23,19 +23,18 @@ class EffectsTest : public QObject {
   // Selects the frames and chooses the entry of this id in the action menu, as a user does; 0 closes the
   // menu.
   static void ChooseAction(Desk& desk, std::int64_t first, std::int64_t end, int id) {
-    QTimer::singleShot(0, [id] {
-      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-      QVERIFY(menu != nullptr);
-      for (QAction* action : menu->actions()) {
-        if (action->isEnabled() && id != 0 && action->data().toInt() == id) {
-          menu->setActiveAction(action);
-          QTest::keyClick(menu, Qt::Key_Return);
-          return;
-        }
-      }
-      menu->close();
-    });
     desk.View().View().SetSelection(first, end, {0, 0});
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu != nullptr);
+    for (QAction* action : menu->actions()) {
+      if (action->isEnabled() && id != 0 && action->data().toInt() == id) {
+        menu->setActiveAction(action);
+        QTest::keyClick(menu, Qt::Key_Return);
+        return;
+      }
+    }
+    menu->close();
+    QTRY_VERIFY(!desk.View().View().HasSelection());
   }
 
  private Q_SLOTS:
