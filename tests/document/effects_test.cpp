@@ -1,0 +1,57 @@
+// Effects on a document: what follows from one, and from one that is cancelled.
+#include <gmock/gmock.h>
+
+#include "edit/EffectTable.h"
+#include "tests/document/EditFixture.h"
+
+namespace tembrel {
+namespace {
+
+using test::Bytes;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+const WaveFormat kStereo16 = PcmFormat(44100, 16, 2);
+
+class EffectsOnDocuments : public test::EditTest {};
+
+TEST_F(EffectsOnDocuments, BringCopyTextsAndFlagUpToDate) {
+  for (const EffectRow& row : EffectTable()) {
+    listener.told.clear();
+    const auto document = Open(kStereo16, test::CountingBytes(40000));
+    ASSERT_TRUE(document->Edit(row.make({400, 36000}, {300, 4, {22050, 8, 2}})).done) << row.word;
+    EXPECT_TRUE(document->Changed());
+    EXPECT_TRUE(document->CanUndo());
+    ExpectCopyUpToDate(*document);
+    const bool changesLengths = row.parameter == EffectParameter::Format;
+    EXPECT_THAT(listener.told, ElementsAre(changesLengths)) << row.word;
+    EXPECT_EQ(document->FrameCount(), changesLengths ? 5000U : 10000U);
+  }
+}
+
+TEST_F(EffectsOnDocuments, LeaveNoTraceWhenTheyAreCancelled) {
+  const Bytes bytes = test::CountingBytes(40000);
+  for (const EffectRow& row : EffectTable()) {
+    listener.told.clear();
+    const auto document = Open(kStereo16, bytes);
+    const Bytes copy = test::ReadBytes(document->TempFileName());
+    bool asked = false;
+    const EditResult result = document->Edit(row.make({400, 36000}, {300, 4, {22050, 8, 2}}),
+                                             [&asked](std::uint64_t, std::uint64_t) {
+                                               asked = true;
+                                               return false;
+                                             });
+    EXPECT_TRUE(asked) << row.word;
+    EXPECT_FALSE(result.done) << row.word;
+    EXPECT_EQ(result.message, "");
+    EXPECT_EQ(ContentOf(*document), bytes) << row.word;
+    EXPECT_FALSE(document->Changed());
+    EXPECT_FALSE(document->CanUndo());
+    EXPECT_FALSE(document->CanRedo());
+    EXPECT_THAT(listener.told, IsEmpty());
+    EXPECT_EQ(test::ReadBytes(document->TempFileName()), copy);
+  }
+}
+
+}  // namespace
+}  // namespace tembrel
