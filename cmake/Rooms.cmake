@@ -1,5 +1,5 @@
 # A room is one folder below src/ and one library. tembrel_room() builds the plain C++ of the folder, tembrel_ui_room()
-# its ui/ folder. USES lists the rooms whose headers it may include; tests/layering checks that against the sources.
+# its ui/ folder. USES lists the rooms whose headers it may include; tests/lint/check_layering.py checks that.
 
 # GCC 12 warns of overlap inside its own std::string (its bug 105651): -Wrestrict is of no use there.
 set(TEMBREL_WARNINGS -Wall -Wextra -Wconversion -Wshadow -Werror -Wno-restrict)
