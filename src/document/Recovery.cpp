@@ -158,7 +158,9 @@ std::string RecoveryQuestion(const std::vector<AbandonedCopy>& copies) {
   if (copies.size() > kNamesShown) {
     text += "and " + std::to_string(copies.size() - kNamesShown) + " more\n";
   }
-  return text + "\nDo you wish to recover them?  Their changes are lost for good if you do not.";
+  return text +
+         "\nDo you wish to recover them?  With No their changes are lost for good, with Cancel you are asked "
+         "again next time.";
 }
 
 }  // namespace tembrel

@@ -95,7 +95,8 @@ bool CanClose(const Document& document, Prompts& prompts, const std::function<bo
     return true;
   }
   const std::string title(SavePromptTitle(StringResource(kStringLeavingTitle)));
-  switch (prompts.AskYesNoCancel(document.FileName() + " has been changed.  Do you wish to save?", title)) {
+  const std::string name = document.FileName().empty() ? "This document" : document.FileName();
+  switch (prompts.AskYesNoCancel(name + " has been changed.  Do you wish to save?", title)) {
     case Answer::Yes:
       return saveActiveDocument();
     case Answer::No:

@@ -232,6 +232,13 @@ TEST_F(SavingTheNameless, NamesItInTheNoteOfLaterChangesToo) {
   EXPECT_EQ(Content(NotePath(document.TempFileName())), path.string());
 }
 
+TEST_F(SavingTheNameless, IsAskedAboutInWords) {
+  document.SetChanged(true);
+  prompts.answers = {Answer::Cancel};
+  EXPECT_FALSE(CanClose(document, prompts, [] { return true; }));
+  EXPECT_THAT(prompts.questions, ElementsAre("This document has been changed.  Do you wish to save?"));
+}
+
 class Closing : public Saving {
  protected:
   bool Close(bool saveWorks = true) {

@@ -104,6 +104,21 @@ class RecoveryAndSettingsTest : public QObject {
     QVERIFY(desk.TempFiles().empty());
   }
 
+  void CancelKeepsTheCopiesForTheNextStart() {
+    Desk desk;
+    const std::filesystem::path copy = Abandon(desk, 7, "/a.wav");
+    desk.prompts.answers = {Answer::Cancel};
+    desk.Client().OfferRecovery();
+    QVERIFY(desk.Children().isEmpty());
+    QVERIFY(std::filesystem::exists(copy));
+    desk.Start();
+    desk.prompts.questions.clear();
+    desk.prompts.answers = {Answer::Yes};
+    desk.Client().OfferRecovery();
+    QCOMPARE(desk.prompts.questions.size(), 1U);
+    QCOMPARE(desk.Children().size(), 1);
+  }
+
   void SeveralDocumentsAreRecovered() {
     Desk desk;
     Abandon(desk, 1, "/a.wav");
@@ -116,6 +131,21 @@ class RecoveryAndSettingsTest : public QObject {
       QVERIFY(child->widget()->windowTitle() != "[*]");
     }
     QVERIFY(!std::filesystem::exists("/a.wav"));
+  }
+
+  void ANamelessDocumentIsCalledAfterItsFirstFile() {
+    Desk desk;
+    Abandon(desk, 2, "");
+    desk.prompts.answers = {Answer::Yes};
+    desk.Client().OfferRecovery();
+    QVERIFY(desk.Active()->Title().startsWith("Document - "));
+    desk.prompts.saveChoice = SaveChoice{desk.scratch / "found.wav", 1};
+    desk.Run(kCommandSave);
+    QCOMPARE(desk.Active()->Title(), QString::fromStdString((desk.scratch / "found.wav").string()));
+    QVERIFY(desk.Active()->windowTitle().contains("found.wav"));
+    desk.prompts.saveChoice = SaveChoice{desk.scratch / "other.wav", 1};
+    desk.Run(kCommandSaveAs);
+    QVERIFY(desk.Active()->Title().endsWith("found.wav"));
   }
 
   void ACancelledRecoveryKeepsTheCopy() {

@@ -1,7 +1,11 @@
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <sys/mman.h>
+#include <unistd.h>
 #include <utility>
+#include <vector>
 
 #include "gtest/gtest.h"
 #include "platform/MemoryBlock.h"
@@ -59,6 +63,13 @@ TEST(MemoryBlock, OfTheLargestClipTakesNoMemoryBeforeItIsTouched) {
     GTEST_SKIP() << "the machine does not give 4 GiB";
   }
   EXPECT_EQ(block->Size(), 4294967295U);
+  const auto first = reinterpret_cast<std::uintptr_t>(block->Bytes().data());
+  const std::uintptr_t page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+  const std::uintptr_t begin = (first + page - 1) / page * page;
+  const std::uintptr_t end = (first + block->Size()) / page * page;
+  std::vector<unsigned char> resident((end - begin) / page);
+  ASSERT_EQ(mincore(reinterpret_cast<void*>(begin), end - begin, resident.data()), 0);
+  EXPECT_LT(std::ranges::count_if(resident, [](unsigned char state) { return (state & 1U) != 0; }), 16);
   block->Bytes().back() = std::byte{1};
 }
 

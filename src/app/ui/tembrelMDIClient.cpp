@@ -95,9 +95,12 @@ void tembrelMDIClient::OfferRecovery() {
   if (copies.empty()) {
     return;
   }
-  const bool recover = prompts.AskYesNo(RecoveryQuestion(copies));
+  const Answer answer = prompts.AskYesNoCancel(RecoveryQuestion(copies), "Tembrel");
+  if (answer == Answer::Cancel) {
+    return;
+  }
   for (AbandonedCopy& copy : copies) {
-    if (recover) {
+    if (answer == Answer::Yes) {
       Recover(std::move(copy));
     } else {
       RemoveAbandonedCopy(copy);
@@ -413,7 +416,7 @@ bool tembrelMDIClient::SaveActive() {
   if (saved && !named) {
     AddRecentFile(active->Doc().FileName());
   }
-  active->RefreshTitle();
+  ShowSaved(*active, named);
   return saved;
 }
 
@@ -422,10 +425,20 @@ void tembrelMDIClient::SaveActiveAs() {
   if (active == nullptr) {
     return;
   }
+  const bool named = !active->Doc().FileName().empty();
   if (const auto path = SaveDocumentAs(active->Doc(), prompts)) {
     AddRecentFile(*path);
   }
-  active->RefreshTitle();
+  ShowSaved(*active, named);
+}
+
+// A document without a name is called after its first file from now on.
+void tembrelMDIClient::ShowSaved(AudioWin& saved, bool named) {
+  const std::string& name = saved.Doc().FileName();
+  if (!named && !name.empty()) {
+    saved.SetTitle(PathToText(name));
+  }
+  saved.RefreshTitle();
 }
 
 void tembrelMDIClient::AddRecentFile(const std::filesystem::path& path) {

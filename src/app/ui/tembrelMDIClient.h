@@ -92,6 +92,7 @@ class tembrelMDIClient : public QMdiArea {
   void OpenDialog();
   bool SaveActive();
   void SaveActiveAs();
+  void ShowSaved(AudioWin& saved, bool named);
   void CloseActive();
   void AddRecentFile(const std::filesystem::path& path);
   void ChildClosing();

@@ -2,6 +2,8 @@
 // document.
 #pragma once
 
+#include <utility>
+
 #include <QWidget>
 
 #include "document/Document.h"
@@ -37,6 +39,7 @@ class AudioWin : public QWidget, private DocumentListener {
   void TellState();
   // The document's title as it was given.
   const QString& Title() const { return title; }
+  void SetTitle(QString newTitle) { title = std::move(newTitle); }
   // The window title, with a mark while the document has unsaved changes.
   void RefreshTitle();
 
