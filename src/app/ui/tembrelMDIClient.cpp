@@ -5,7 +5,6 @@
 #include <utility>
 #include <vector>
 
-#include <QApplication>
 #include <QDesktopServices>
 #include <QMdiSubWindow>
 #include <QUrl>
@@ -13,7 +12,7 @@
 #include "app/CommandIds.h"
 #include "app/ProductInfo.h"
 #include "app/ui/QtPrompts.h"
-#include "document/EffectQuestion.h"
+#include "app/ui/WaitCursor.h"
 #include "document/FileFilter.h"
 #include "document/Opening.h"
 #include "document/Recovery.h"
@@ -21,8 +20,6 @@
 #include "document/StringTable.h"
 #include "document/ui/AudioWin.h"
 #include "document/ui/tembrelMDIChild.h"
-#include "edit/ClipEdits.h"
-#include "view/ActionMenu.h"
 #include "view/ui/AudioEditWindow.h"
 
 namespace tembrel {
@@ -31,22 +28,6 @@ namespace {
 
 constexpr QSize kDocumentSize(624, 334);
 constexpr int kMinimizedWidth = 190;
-
-// The wait cursor for as long as it lives.
-class WaitCursor {
- public:
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
-// What `work` gives, with the wait cursor while it runs.
-template <typename Work>
-EditResult Waiting(const Work& work) {
-  const WaitCursor waiting;
-  return work();
-}
 
 }  // namespace
 
@@ -173,100 +154,6 @@ void tembrelMDIClient::RunCommand(int id) {
     }
   } else if (AudioWin* active = ActiveDocument()) {
     RunAction(*active, id);
-  }
-}
-
-// The commands that work on the active document's sound; false for all others.
-bool tembrelMDIClient::ExecuteEdit(CommandHandler handler) {
-  AudioWin* active = ActiveDocument();
-  if (active == nullptr) {
-    return false;
-  }
-  const std::int64_t cursor = active->EditWindow()->View().CursorFrame();
-  switch (handler) {
-    case CommandHandler::Undo:
-      Say(Waiting([active] { return active->Doc().Undo(); }));
-      return true;
-    case CommandHandler::Redo:
-      Say(Waiting([active] { return active->Doc().Redo(); }));
-      return true;
-    case CommandHandler::PasteInsert:
-      Run(*active, PasteInsertEdit(clipboard, cursor));
-      return true;
-    case CommandHandler::PasteMerge:
-      Run(*active, PasteMergeEdit(clipboard, cursor));
-      return true;
-    case CommandHandler::PasteOverwrite:
-      Run(*active, PasteOverwriteEdit(clipboard, cursor));
-      return true;
-    case CommandHandler::Format:
-      RunEffect(*active, *FindEffect(kCommandFormat));
-      return true;
-    case CommandHandler::SelectAll:
-      active->EditWindow()->SelectAll();
-      return true;
-    case CommandHandler::SelectLastRange:
-      active->EditWindow()->SelectLastRange();
-      return true;
-    default:
-      return false;
-  }
-}
-
-void tembrelMDIClient::RunAction(AudioWin& window, int command) {
-  const EditView& view = window.EditWindow()->View();
-  const ByteRange selection{view.SelectionStart(), view.SelectionEnd()};
-  switch (command) {
-    case kActionCut:
-      return Run(window, CutEdit(selection, clipboard));
-    case kActionCopy:
-      return Run(window, CopyEdit(selection, clipboard));
-    case kActionInsert:
-      return Run(window, InsertSilenceEdit(selection));
-    default:
-      if (const EffectRow* effect = FindEffect(command)) {
-        RunEffect(window, *effect);
-      }
-      return;
-  }
-}
-
-void tembrelMDIClient::RunEffect(AudioWin& window, const EffectRow& effect) {
-  Document& document = window.Doc();
-  if (document.Clip() == nullptr) {
-    return;
-  }
-  const EditView& view = window.EditWindow()->View();
-  const ByteRange selection{view.SelectionStart(), view.SelectionEnd()};
-  const auto parameters = AskEffectParameters(prompts, effect.parameter, *document.Clip(), rememberedPreset);
-  if (!parameters) {
-    return;
-  }
-  EditResult result;
-  {
-    const WaitCursor waiting;
-    const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress(EffectTitle(effect));
-    result = document.Edit(
-        effect.make(selection, *parameters),
-        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); });
-  }
-  Say(result);
-  Q_EMIT stateChanged();
-}
-
-void tembrelMDIClient::Run(AudioWin& window, const EditStep& step) {
-  Say(Waiting([&] { return window.Doc().Edit(step); }));
-  Q_EMIT stateChanged();
-}
-
-void tembrelMDIClient::Say(const EditResult& result) {
-  if (result.done || result.message.empty()) {
-    return;
-  }
-  if (result.isMistake) {
-    prompts.Error(result.message);
-  } else {
-    prompts.Inform(result.message);
   }
 }
 
