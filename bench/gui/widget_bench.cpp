@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QWheelEvent>
 
 #include "audio/ProgramPaths.h"
@@ -103,7 +104,9 @@ class Bench {
     watch.painted = false;
     const EditView& rules = view.View();
     const auto Shown = [&rules] {
-      return std::array{rules.FirstVisibleFrame(), rules.FramesOnScreen(), rules.CursorFrame()};
+      const PixelColumns strip = rules.SelectionStrip();
+      return std::array{rules.FirstVisibleFrame(), rules.FramesOnScreen(), rules.CursorFrame(),
+                        std::int64_t{strip.from}, std::int64_t{strip.to}};
     };
     const auto before = Shown();
     const double taken = Milliseconds([&] {
@@ -122,6 +125,12 @@ class Bench {
 
   void Press(int key, Qt::KeyboardModifiers modifiers) {
     QKeyEvent event(QEvent::KeyPress, key, modifiers);
+    QApplication::sendEvent(&view, &event);
+  }
+
+  void Mouse(QEvent::Type type, double x, Qt::MouseButton button) {
+    const QPointF at(x, view.height() / 3.0);
+    QMouseEvent event(type, at, view.mapToGlobal(at), button, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&view, &event);
   }
 
@@ -192,6 +201,22 @@ class Bench {
           rules.SetCursorPosition(rules.FirstVisibleFrame() + (i % 2 == 0 ? shown / 4 : shown * 3 / 4),
                                   false);
         });
+    Drag("10 s: drag-select, 10 pixels", "10 s: drag-select, across the screen");
+  }
+
+  // The selection grows by a few pixels a move, and jumps across the screen.
+  void Drag(const char* grow, const char* jump) {
+    constexpr double kTarget = 4;
+    constexpr double kStart = 100;
+    Mouse(QEvent::MouseButtonPress, kStart, Qt::LeftButton);
+    Report(
+        grow, kTarget, [](int) {},
+        [&](int i) { Mouse(QEvent::MouseMove, kStart + 10.0 * (i + 1), Qt::NoButton); });
+    Report(
+        jump, kTarget, [](int) {},
+        [&](int i) { Mouse(QEvent::MouseMove, i % 2 == 0 ? 1500.0 : kStart + 50.0, Qt::NoButton); });
+    view.View().CancelDrag();
+    QCoreApplication::processEvents();
   }
 
   void WholeFile() {
@@ -220,6 +245,7 @@ class Bench {
     QCoreApplication::processEvents();
     Report(
         "whole file: cursor, Right", 1, [](int) {}, [&](int) { Press(Qt::Key_Right, Qt::NoModifier); });
+    Drag("whole file: drag-select, 10 pixels", "whole file: drag-select, across the screen");
   }
 
   bool failed = false;
