@@ -1,47 +1,11 @@
 #include "device/SoundServices.h"
 
+#include "device/SilentServices.h"
+
 namespace tembrel {
 
-namespace {
-
-constexpr DeviceError kNoServer = 1;
-
-// No sound goes in or out.
-class SilentDevice : public AudioDevice {
- public:
-  DeviceError OpenPlayback(const std::filesystem::path&, std::int32_t) override { return kNoServer; }
-  DeviceError Play() override { return kNoServer; }
-  DeviceError StopPlayback() override { return kDeviceSuccess; }
-  DeviceError ClosePlayback() override { return kDeviceSuccess; }
-  DeviceError OpenRecording() override { return kDeviceSuccess; }
-  DeviceError SetRecordingFormat(const PlaybackFormat&) override { return kDeviceSuccess; }
-  DeviceError Record() override { return kNoServer; }
-  DeviceError StopRecording() override { return kDeviceSuccess; }
-  DeviceError SaveRecording(const std::filesystem::path&) override { return kNoServer; }
-  DeviceError CloseRecording() override { return kDeviceSuccess; }
-  RecordingState AskRecording() override { return {}; }
-  std::string ErrorText(DeviceError error) const override {
-    return error == kDeviceSuccess ? std::string() : "The sound server could not be reached.";
-  }
-};
-
-class SilentPlayer : public SoundPlayer {
- public:
-  bool Play(const std::filesystem::path&, bool) override { return false; }
-  void Stop() override {}
-};
-
-class NoMixer : public Mixer {
- public:
-  int DeviceCount() const override { return 0; }
-  std::optional<std::string> DeviceName(int) const override { return std::nullopt; }
-  std::unique_ptr<MixerDevice> Open(int) override { return nullptr; }
-};
-
-}  // namespace
-
 SoundServices OpenSoundServices(const std::filesystem::path& /*tempFolder*/) {
-  return {std::make_unique<SilentDevice>(), std::make_unique<SilentPlayer>(), std::make_unique<NoMixer>()};
+  return SilentServices();
 }
 
 }  // namespace tembrel

@@ -67,11 +67,12 @@ bool TakeAsCopy(QDropEvent& event) {
 
 }  // namespace
 
-TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts* questions)
+TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts* questions,
+                         SoundServices sound)
     : prompts(this),
       paths(std::move(programPaths)),
-      client(
-          new tembrelMDIClient(paths, std::move(store), questions == nullptr ? prompts : *questions, this)),
+      client(new tembrelMDIClient(paths, std::move(store), questions == nullptr ? prompts : *questions,
+                                  std::move(sound), this)),
       gadgets(new StatusGadgets(statusBar())),
       frameMenuBar(new FrameMenuBar(this)) {
   setObjectName("TMainWindow");

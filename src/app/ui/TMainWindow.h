@@ -8,6 +8,7 @@
 #include "app/ui/QtPrompts.h"
 #include "audio/ProgramPaths.h"
 #include "audio/SettingStore.h"
+#include "device/SilentServices.h"
 
 class QAction;
 class QMdiSubWindow;
@@ -24,8 +25,10 @@ class TMainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  // Asks through `questions`, which outlives the window; without them with boxes of its own.
-  TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts* questions = nullptr);
+  // Asks through `questions`, which outlives the window; without them with boxes of its own. None of the
+  // sound services is null.
+  TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts* questions = nullptr,
+              SoundServices sound = SilentServices());
   ~TMainWindow() override;
 
   tembrelMDIClient* Client() { return client; }

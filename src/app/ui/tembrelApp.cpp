@@ -12,6 +12,7 @@
 #include "app/ui/tembrelMDIClient.h"
 #include "audio/ProgramPaths.h"
 #include "audio/SettingStore.h"
+#include "device/SoundServices.h"
 
 namespace tembrel {
 
@@ -47,7 +48,9 @@ void tembrelApp::TakeCommandLine(std::vector<std::string> arguments) {
 
 void tembrelApp::InitMainWindow() {
   Prompts* questions = screenshot.empty() ? nullptr : &consolePrompts;
-  mainWindow = std::make_unique<TMainWindow>(FindProgramPaths(), SettingStore(SettingStorePath()), questions);
+  const ProgramPaths paths = FindProgramPaths();
+  mainWindow = std::make_unique<TMainWindow>(paths, SettingStore(SettingStorePath()), questions,
+                                             OpenSoundServices(paths.tempFolder));
 }
 
 void tembrelApp::SetUpClient() {

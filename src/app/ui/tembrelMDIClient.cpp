@@ -32,8 +32,12 @@ constexpr int kMinimizedWidth = 190;
 }  // namespace
 
 tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore settingStore, Prompts& questions,
-                                   QWidget* parent)
-    : QMdiArea(parent), paths(std::move(programPaths)), store(std::move(settingStore)), prompts(questions) {
+                                   SoundServices soundServices, QWidget* parent)
+    : QMdiArea(parent),
+      paths(std::move(programPaths)),
+      store(std::move(settingStore)),
+      prompts(questions),
+      sound(std::move(soundServices)) {
   setObjectName("tembrelMDIClient");
   setActivationOrder(QMdiArea::ActivationHistoryOrder);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);

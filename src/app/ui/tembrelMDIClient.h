@@ -13,6 +13,7 @@
 #include "audio/ProgramPaths.h"
 #include "audio/SettingStore.h"
 #include "audio/Settings.h"
+#include "device/SoundServices.h"
 #include "document/Prompts.h"
 #include "document/StatusTexts.h"
 #include "edit/Clipboard.h"
@@ -32,7 +33,7 @@ class tembrelMDIClient : public QMdiArea {
  public:
   // `questions` outlives the client.
   tembrelMDIClient(ProgramPaths programPaths, SettingStore settingStore, Prompts& questions,
-                   QWidget* parent = nullptr);
+                   SoundServices soundServices, QWidget* parent = nullptr);
   // Saves the settings and removes the shared temporary file.
   ~tembrelMDIClient() override;
 
@@ -105,6 +106,7 @@ class tembrelMDIClient : public QMdiArea {
   ProgramPaths paths;
   SettingStore store;
   Prompts& prompts;
+  SoundServices sound;
   Settings settings;
   bool loaded = false;  // the settings are those of the file
   RecentFiles recentFiles;

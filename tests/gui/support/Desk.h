@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QAction>
@@ -25,6 +27,7 @@
 #include "app/ui/tembrelMDIClient.h"
 #include "audio/ProgramPaths.h"
 #include "audio/SettingStore.h"
+#include "device/SilentServices.h"
 #include "document/ui/AudioWin.h"
 #include "document/ui/tembrelMDIChild.h"
 #include "tests/support/FileBytes.h"
@@ -40,7 +43,9 @@ class Desk {
  public:
   enum class Asks { ByScript, WithBoxes };
 
-  explicit Desk(Asks asks = Asks::ByScript) : how(asks) {
+  // `services` opens the sound services of every start.
+  explicit Desk(Asks asks = Asks::ByScript, std::function<SoundServices()> services = SilentServices)
+      : how(asks), openSound(std::move(services)) {
     std::filesystem::create_directories(paths.tempFolder);
     Start();
   }
@@ -49,7 +54,7 @@ class Desk {
   void Start() {
     frame.reset();
     frame = std::make_unique<TMainWindow>(paths, SettingStore(StoreFile()),
-                                          how == Asks::ByScript ? &prompts : nullptr);
+                                          how == Asks::ByScript ? &prompts : nullptr, openSound());
     frame->resize(1000, 800);
     frame->show();
     frame->activateWindow();
@@ -150,6 +155,7 @@ class Desk {
 
  private:
   Asks how;
+  std::function<SoundServices()> openSound;
   std::unique_ptr<TMainWindow> frame;
 };
 
