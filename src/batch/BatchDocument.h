@@ -9,8 +9,8 @@
 #include "document/Document.h"
 #include "document/DocumentListener.h"
 #include "edit/ClipChanges.h"
+#include "picture/Picture.h"
 #include "view/EditView.h"
-#include "view/Picture.h"
 
 namespace tembrel {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "view/Raster.h"
+#include "picture/Raster.h"
 #include "view/WavePicture.h"
 
 namespace tembrel {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "view/Picture.h"
+#include "picture/Picture.h"
 
 namespace tembrel {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "view/Picture.h"
+#include "picture/Picture.h"
 
 namespace tembrel {
 

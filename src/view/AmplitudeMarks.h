@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "view/Picture.h"
-#include "view/Raster.h"
+#include "picture/Picture.h"
+#include "picture/Raster.h"
 
 namespace tembrel {
 

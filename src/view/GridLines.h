@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "view/Picture.h"
+#include "picture/Picture.h"
 
 namespace tembrel {
 

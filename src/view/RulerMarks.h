@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "view/Picture.h"
-#include "view/Raster.h"
+#include "picture/Picture.h"
+#include "picture/Raster.h"
 
 namespace tembrel {
 

@@ -2,9 +2,9 @@
 // that it disappears without a trace.
 #pragma once
 
+#include "picture/Picture.h"
+#include "picture/Raster.h"
 #include "view/EditView.h"
-#include "view/Picture.h"
-#include "view/Raster.h"
 
 namespace tembrel {
 

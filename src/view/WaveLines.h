@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "audio/AudioClip.h"
-#include "view/Picture.h"
+#include "picture/Picture.h"
 
 namespace tembrel {
 

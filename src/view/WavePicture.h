@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "audio/AudioClip.h"
-#include "view/Picture.h"
-#include "view/Raster.h"
+#include "picture/Picture.h"
+#include "picture/Raster.h"
 
 namespace tembrel {
 

@@ -9,8 +9,8 @@
 #include "document/Document.h"
 #include "edit/EditStep.h"
 #include "edit/PencilDraw.h"
+#include "picture/Picture.h"
 #include "view/EditView.h"
-#include "view/Picture.h"
 
 namespace tembrel {
 

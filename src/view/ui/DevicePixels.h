@@ -3,8 +3,8 @@
 
 #include <QFont>
 
-#include "view/Picture.h"
-#include "view/Raster.h"
+#include "picture/Picture.h"
+#include "picture/Raster.h"
 
 class QImage;
 class QPainter;

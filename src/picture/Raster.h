@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "view/Picture.h"
+#include "picture/Picture.h"
 
 namespace tembrel {
 

@@ -1,4 +1,4 @@
-#include "view/Raster.h"
+#include "picture/Raster.h"
 
 #include <gtest/gtest.h>
 #include <limits>

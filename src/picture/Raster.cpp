@@ -1,4 +1,4 @@
-#include "view/Raster.h"
+#include "picture/Raster.h"
 
 #include <algorithm>
 #include <cstdlib>
