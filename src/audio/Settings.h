@@ -23,7 +23,7 @@ struct RecordingSettings {
   int mixer = 0;                // index of the mixer device
   int recordingLine = -1;       // index of the mixer line to record from; -1 = none chosen
   int recordingVolume = 32767;  // of that line, 0 to 65535
-  int savingLine = -1;          // a second line, set and restored around a recording; -1 = none
+  int savingLine = -1;          // a second line chosen in the recording setup; -1 = none
   int savingVolume = 32767;
   bool showDialog = true;  // show the recording setup before each recording
 
