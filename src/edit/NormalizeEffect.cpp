@@ -49,8 +49,9 @@ void AddTo(Levels& levels, std::span<const float> left, std::span<const float> r
 
 void AddBlock(Levels& levels, const WaveFormat& format, std::span<const std::byte> block) {
   std::array<std::array<float, kFramesAtOnce>, kMostChannels> buffers;
-  const auto frames = static_cast<std::int64_t>(block.size() / FrameSize(format));
-  const auto count = static_cast<std::size_t>(frames);
+  const std::size_t frameSize = std::max(1U, FrameSize(format));
+  const std::size_t count = block.size() / frameSize;
+  const auto frames = static_cast<std::int64_t>(count);
   if (format.nChannels == 1) {
     SamplesToFloat(format, block, buffers[0], frames, kMonoChannel);
     AddTo(levels[0], std::span(buffers[0]).first(count));

@@ -35,9 +35,10 @@ Data Sum2(const Data& data, std::size_t rows, std::size_t columns, int sign) {
   for (std::size_t at = 0; at < data.size(); ++at) {
     std::complex<long double> sum = 0;
     for (std::size_t from = 0; from < data.size(); ++from) {
-      const long double turns =
-          static_cast<long double>(at / columns * (from / columns)) / static_cast<long double>(rows) +
-          static_cast<long double>(at % columns * (from % columns)) / static_cast<long double>(columns);
+      const std::size_t ofRows = at / columns * (from / columns);
+      const std::size_t ofColumns = at % columns * (from % columns);
+      const long double turns = static_cast<long double>(ofRows) / static_cast<long double>(rows) +
+                                static_cast<long double>(ofColumns) / static_cast<long double>(columns);
       sum += std::complex<long double>(data[from]) * std::polar(1.0L, sign * kTwoPi * turns);
     }
     result[at] = {static_cast<double>(sum.real()), static_cast<double>(sum.imag())};
@@ -66,7 +67,7 @@ TEST(FourierTransform, IsTheSumItStandsFor) {
 
 TEST(FourierTransform, TakesSeveralDimensions) {
   for (const int sign : {1, -1}) {
-    Data data = Noise(8 * 16, 2);
+    Data data = Noise(128, 2);
     const Data expected = Sum2(data, 8, 16, sign);
     EXPECT_EQ(Transform(data, {8, 16}, sign), 128U);
     ExpectNear(data, expected, 1e-8);

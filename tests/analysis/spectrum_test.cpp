@@ -33,6 +33,7 @@ SpectrumBins Transformed(const std::vector<double>& values) {
 
 TEST(Spectrum, OfASineOf440HertzPeaksInBins20And21) {
   std::vector<int> samples;
+  samples.reserve(5000);
   for (int i = 0; i < 5000; ++i) {
     samples.push_back(static_cast<int>(20000 * std::sin(2 * std::numbers::pi * 440 * i / 44100)));
   }

@@ -117,7 +117,7 @@ TEST(BlockFilter, LeavesBin1024) {
 }
 
 TEST(Filter, OfAtMost2048SamplesDoublesWhatLiesBehindTheFirst1024) {
-  Bytes samples(2 * 2048);
+  Bytes samples(std::size_t{2} * 2048);
   for (std::uint64_t i = 0; i < 2048; ++i) {
     StoreSample16(samples.data(), i, 5000);
   }
@@ -128,7 +128,7 @@ TEST(Filter, OfAtMost2048SamplesDoublesWhatLiesBehindTheFirst1024) {
 }
 
 TEST(Filter, LimitsWhatTheDoublingBringsAboveFullScale) {
-  Bytes samples(2 * 2000);
+  Bytes samples(std::size_t{2} * 2000);
   for (std::uint64_t i = 0; i < 2000; ++i) {
     StoreSample16(samples.data(), i, i == 1999 ? 32767 : 100);
   }
@@ -141,7 +141,7 @@ TEST(Filter, LimitsWhatTheDoublingBringsAboveFullScale) {
 // A tone where a preset changes nothing comes back after the fade-in of the first half block, but for what of
 // it each block smears over the other bands.
 TEST(Filter, KeepsTheInteriorWhereTheGainIs100) {
-  Bytes samples(2 * 20000);
+  Bytes samples(std::size_t{2} * 20000);
   for (std::uint64_t i = 0; i < 20000; ++i) {
     StoreSample16(samples.data(), i, std::lround(8000 * std::sin(static_cast<double>(i) * 0.0314)));
   }
@@ -149,7 +149,7 @@ TEST(Filter, KeepsTheInteriorWhereTheGainIs100) {
   for (std::uint64_t i = 4096; i < 16000; ++i) {
     ASSERT_NEAR(Sample16(filtered.data(), i), Sample16(samples.data(), i), 20) << i;
   }
-  EXPECT_NEAR(Sample16(filtered.data(), 512), Sample16(samples.data(), 512) / 2, 20);
+  EXPECT_NEAR(Sample16(filtered.data(), 512), Sample16(samples.data(), 512) / 2.0, 20);
 }
 
 TEST(Filter, RefusesPresetsThatDoNotExist) {
@@ -240,7 +240,7 @@ TEST(CutRumble, IsTheLiteralForm) {
 }
 
 TEST(CutRumble, HalvesAConstant) {
-  Bytes samples(2 * 2049);
+  Bytes samples(std::size_t{2} * 2049);
   for (std::uint64_t i = 0; i < 2049; ++i) {
     StoreSample16(samples.data(), i, 8000);
   }

@@ -146,7 +146,8 @@ TEST(FadeIn, MultipliesTwoOf200SamplesByEachPercentage) {
   const Bytes samples(400, std::byte{0x10});  // 4112
   const Bytes faded = After(kMono16, samples, FadeInEdit({0, 400}));
   for (std::uint64_t i = 0; i < 200; ++i) {
-    const auto percent = static_cast<long double>(i / 2);
+    const std::uint64_t steps = i / 2;
+    const auto percent = static_cast<long double>(steps);
     EXPECT_EQ(Sample16(faded.data(), i),
               static_cast<int>(static_cast<long double>(static_cast<float>(percent * 0.01L)) * 4112));
   }
@@ -167,7 +168,7 @@ TEST(FadeOut, StartsAt1AndEndsAt1Percent) {
 }
 
 TEST(FadeIn, AdvancesBetweenLeftAndRight) {
-  Bytes samples(8 * 25);
+  Bytes samples(std::size_t{8} * 25);
   for (std::uint64_t i = 0; i < 100; ++i) {
     StoreSample16(samples.data(), i, 10000);
   }

@@ -61,7 +61,7 @@ TEST(Normalize, IsTheLiteralFormOnAllSounds) {
 }
 
 TEST(Reverb, EchoesFourTimesAFifteenthOfASecondApart) {
-  Bytes samples(2 * 20000);
+  Bytes samples(std::size_t{2} * 20000);
   StoreSample16(samples.data(), 0, 20000);
   const Bytes echoed = After(kMono16, samples, ReverbEdit(All(samples)));
   const auto at = [&](std::uint64_t i) { return Sample16(echoed.data(), i); };
@@ -72,7 +72,7 @@ TEST(Reverb, EchoesFourTimesAFifteenthOfASecondApart) {
 }
 
 TEST(Reverb, OfShortSoundChangesNothing) {
-  Bytes samples(2 * 2940);
+  Bytes samples(std::size_t{2} * 2940);
   for (std::uint64_t i = 0; i < 2940; ++i) {
     StoreSample16(samples.data(), i, static_cast<std::int64_t>(i) * 11 - 16000);
   }

@@ -38,11 +38,9 @@ inline long double LiteralBandGain(std::span<const Breakpoint> table, std::int64
     ++i;
   }
   std::int64_t gain = 0;
-  if (i == table.size()) {
-    gain = table[i - 1].gain;
-  } else if (i == 0) {
+  if (i == 0) {
     gain = table[0].gain;
-  } else if (f == table[i - 1].frequency) {
+  } else if (i == table.size() || f == table[i - 1].frequency) {
     gain = table[i - 1].gain;
   } else {
     gain = table[i - 1].gain + (table[i].gain - table[i - 1].gain) * (f - table[i - 1].frequency) /
