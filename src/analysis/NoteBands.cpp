@@ -18,13 +18,6 @@ float EdgeAt(long double note) {
   return static_cast<float>(kConcertPitch * std::exp2((note - kConcertNote) * kTwelfth));
 }
 
-std::string WholeNumber(double number) {
-  std::array<char, 400> text{};
-  const auto result =
-      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, 0);
-  return {text.data(), result.ptr};
-}
-
 }  // namespace
 
 NoteBands BuildNoteBands() {
@@ -45,10 +38,17 @@ int NoteForFrequency(const NoteBands& bands, double hertz) {
   return kNoNote;
 }
 
+std::string WholeNumberText(double number) {
+  std::array<char, 400> text{};
+  const auto result =
+      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, 0);
+  return {text.data(), result.ptr};
+}
+
 NoteText TextOfNote(double hertz, int note) {
   constexpr std::array<std::string_view, kNotesInAnOctave> kNames{"C",  "C#", "D",  "Eb", "E",  "F",
                                                                   "F#", "G",  "G#", "A",  "Bb", "B"};
-  NoteText text{WholeNumber(hertz) + " Hz", {}};
+  NoteText text{WholeNumberText(hertz) + " Hz", {}};
   if (note == kNoNote) {
     text.note = "No Pitch";
   } else if (note >= 0 && note <= kHighestNumber) {

@@ -23,6 +23,9 @@ NoteBands BuildNoteBands();
 // there is none.
 int NoteForFrequency(const NoteBands& bands, double hertz);
 
+// The number rounded to a whole one, as "%.0f".
+std::string WholeNumberText(double number);
+
 // The two lines of the readout.
 struct NoteText {
   std::string frequency;  // "440 Hz"
