@@ -33,7 +33,7 @@ constexpr std::array kCommands{
     CommandRow{kCommandPlayFromCursor, NotBuilt, EnableRule::AudioDocument},
     CommandRow{kCommandPlayScreen, NotBuilt, EnableRule::AudioDocument},
     CommandRow{kCommandAudioSpectrum, NotBuilt, EnableRule::CanOpenSpectrum},
-    CommandRow{kCommandAudioSetup, NotBuilt, EnableRule::Always},
+    CommandRow{kCommandAudioSetup, AudioSetup, EnableRule::Always},
     CommandRow{kCommandHelpContents, HelpContents, EnableRule::Always},
     CommandRow{kCommandWebsite, Website, EnableRule::Always},
     CommandRow{kCommandAbout, About, EnableRule::Always},

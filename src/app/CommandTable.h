@@ -30,6 +30,7 @@ enum class CommandHandler {
   HelpContents,
   Website,
   About,
+  AudioSetup,
 };
 
 enum class EnableRule {

@@ -132,10 +132,10 @@ TEST(CommandTable, NamesTheHandlersOfThisVersion) {
       {24329, CommandHandler::Redo},          {24324, CommandHandler::PasteInsert},
       {702, CommandHandler::PasteMerge},      {703, CommandHandler::PasteOverwrite},
       {704, CommandHandler::Format},          {700, CommandHandler::SelectAll},
-      {701, CommandHandler::SelectLastRange},
+      {701, CommandHandler::SelectLastRange}, {500, CommandHandler::AudioSetup},
   };
   EXPECT_EQ(handlers, expected);
-  EXPECT_EQ(notBuilt, (std::set<int>{900, 901, 902, 400, 500}));
+  EXPECT_EQ(notBuilt, (std::set<int>{900, 901, 902, 400}));
 }
 
 TEST(CommandTable, CloseSaveAndSaveAsAreDisabledWithoutADocument) {

@@ -1,8 +1,12 @@
 #include "app/ui/HelpWindow.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFile>
+#include <QScrollBar>
 #include <QShortcut>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 #include "app/ui/QtPrompts.h"
@@ -26,17 +30,22 @@ QString ReadText(const QString& path) {
 
 }  // namespace
 
-void HelpWindow::ShowFor(QWidget* frame, const std::filesystem::path& helpFile) {
-  auto* window = frame->findChild<QWidget*>("HelpWindow", Qt::FindDirectChildrenOnly);
+void HelpWindow::ShowFor(QWidget* frame, const std::filesystem::path& helpFile, const QString& topic) {
+  auto* window =
+      static_cast<HelpWindow*>(frame->findChild<QWidget*>("HelpWindow", Qt::FindDirectChildrenOnly));
   if (window == nullptr) {
     window = new HelpWindow(frame, helpFile);
   }
   window->show();
   window->raise();
   window->activateWindow();
+  if (!topic.isEmpty()) {
+    window->GoTo(topic);
+  }
 }
 
-HelpWindow::HelpWindow(QWidget* frame, const std::filesystem::path& helpFile) : QWidget(frame, Qt::Window) {
+HelpWindow::HelpWindow(QWidget* frame, const std::filesystem::path& helpFile)
+    : QWidget(frame, Qt::Window), browser(new QTextBrowser(this)) {
   setObjectName("HelpWindow");
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle("Tembrel Help");
@@ -45,7 +54,6 @@ HelpWindow::HelpWindow(QWidget* frame, const std::filesystem::path& helpFile) : 
   if (text.isEmpty()) {
     text = ReadText(":/manual.md");
   }
-  auto* browser = new QTextBrowser(this);
   browser->setOpenExternalLinks(true);
   browser->setAccessibleName("Manual");
   browser->document()->setDocumentMargin(16);
@@ -54,6 +62,18 @@ HelpWindow::HelpWindow(QWidget* frame, const std::filesystem::path& helpFile) : 
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(browser);
   connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
+}
+
+void HelpWindow::GoTo(const QString& topic) {
+  const QTextDocument& text = *browser->document();
+  QTextBlock heading = text.begin();
+  while (heading.isValid() && (heading.blockFormat().headingLevel() == 0 || heading.text() != topic)) {
+    heading = heading.next();
+  }
+  const QTextBlock target = heading.isValid() ? heading : text.begin();
+  browser->setTextCursor(QTextCursor(target));
+  browser->verticalScrollBar()->setValue(
+      static_cast<int>(text.documentLayout()->blockBoundingRect(target).top()));
 }
 
 }  // namespace tembrel

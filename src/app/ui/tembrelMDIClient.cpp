@@ -11,8 +11,11 @@
 
 #include "app/CommandIds.h"
 #include "app/ProductInfo.h"
+#include "app/ui/HelpWindow.h"
 #include "app/ui/QtPrompts.h"
 #include "app/ui/WaitCursor.h"
+#include "device/RecordingSetup.h"
+#include "device/ui/DigitalAudioDialog.h"
 #include "document/FileFilter.h"
 #include "document/Opening.h"
 #include "document/Recovery.h"
@@ -206,6 +209,8 @@ void tembrelMDIClient::Execute(CommandHandler handler, int id) {
     case CommandHandler::Website:
       QDesktopServices::openUrl(QUrl(QString::fromUtf8(kWebsite)));
       return;
+    case CommandHandler::AudioSetup:
+      return ShowRecordingSetup();
     case CommandHandler::About:
       Q_EMIT aboutRequested();
       return;
@@ -374,6 +379,17 @@ void tembrelMDIClient::ArrangeIcons() {
     }
     window->move(x, y - window->height());
     x += std::max(window->width(), kMinimizedWidth);
+  }
+}
+
+void tembrelMDIClient::ShowRecordingSetup() {
+  RecordingSetup setup(*sound.mixer, settings);
+  DigitalAudioDialog dialog(window(), setup);
+  connect(&dialog, &DigitalAudioDialog::helpRequested, this,
+          [this, &dialog] { HelpWindow::ShowFor(&dialog, paths.helpPath, "Recording setup"); });
+  if (dialog.exec() == QDialog::Accepted) {
+    setup.Accept(settings);
+    ShowActiveState();
   }
 }
 

@@ -59,6 +59,9 @@ class tembrelMDIClient : public QMdiArea {
   const RecentFiles& Recent() const { return recentFiles; }
   const PlaybackFormat& Playback() const { return settings.playback; }
 
+  // The recording setup; what is chosen there with OK holds from then on.
+  void ShowRecordingSetup();
+
   // Asks every document whether it may close. True when all may; they then close without being asked again.
   bool AskAllToClose();
   void CloseAllUnasked();
