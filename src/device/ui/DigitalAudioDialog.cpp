@@ -1,6 +1,7 @@
 #include "device/ui/DigitalAudioDialog.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <initializer_list>
 #include <optional>
 #include <span>
@@ -18,6 +19,8 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 
 #include "dialogs/DialogTexts.h"
 
@@ -39,8 +42,24 @@ constexpr int kHelpControl = 9;
 
 constexpr int kListLetters = 26;
 constexpr int kShortestSlider = 110;
+constexpr int kTextMargin = 4;
 
-// Long names are cut in the list and whole where it opens.
+// A list whose closed form cuts a long name in the middle: what tells two of them apart stands at the ends.
+class NameList : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void initStyleOption(QStyleOptionComboBox* option) const override {
+    QComboBox::initStyleOption(option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
+    option->currentText =
+        fontMetrics().elidedText(option->currentText, Qt::ElideMiddle, field.width() - kTextMargin);
+  }
+};
+
+// What the list opens to is wide enough for whole names.
 void Fill(QComboBox& list, std::span<const std::string> entries, std::optional<int> selected) {
   const QSignalBlocker quiet(&list);
   list.clear();
@@ -49,6 +68,7 @@ void Fill(QComboBox& list, std::span<const std::string> entries, std::optional<i
   }
   list.setCurrentIndex(selected.value_or(-1));
   list.setEnabled(!entries.empty());
+  list.setPlaceholderText(entries.empty() ? "None found" : "None chosen");
   const int widest = list.view()->sizeHintForColumn(0) + list.view()->verticalScrollBar()->sizeHint().width();
   list.view()->setMinimumWidth(std::min(widest, list.screen()->availableGeometry().width() / 2));
 }
@@ -58,6 +78,13 @@ void Fill(QComboBox& list, std::span<const std::string_view> entries, int select
     list.addItem(DialogText(entry));
   }
   list.setCurrentIndex(selected);
+}
+
+// The second line's position falls with the volume, the value of an upright slider rises towards its top:
+// from one to the other, both ways.
+int Turned(SetupLine which, int value, const VolumeSlider& slider) {
+  const auto mirrored = std::int64_t{slider.minimum} + slider.maximum - value;
+  return which == SetupLine::Recording ? value : static_cast<int>(mirrored);
 }
 
 // A label before the control, which its letter leads to.
@@ -113,11 +140,10 @@ DigitalAudioDialog::DigitalAudioDialog(QWidget* parent, RecordingSetup& setup)
 }
 
 QComboBox* DigitalAudioDialog::CreateList(int controlId) {
-  auto* list = new QComboBox(this);
+  auto* list = new NameList(this);
   SetControlId(list, controlId);
   list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list->setMinimumContentsLength(kListLetters);
-  list->setPlaceholderText("None chosen");
   return list;
 }
 
@@ -125,9 +151,6 @@ DigitalAudioDialog::LineControls DigitalAudioDialog::CreateLine(int listId, int 
                                                                 Qt::Orientation orientation) {
   LineControls line{CreateList(listId), new QSlider(orientation, this), new QLabel(this)};
   SetControlId(line.slider, sliderId);
-  // Upright the loudest is at the top, where the minimum is.
-  line.slider->setInvertedAppearance(orientation == Qt::Vertical);
-  line.slider->setInvertedControls(orientation == Qt::Vertical);
   if (orientation == Qt::Vertical) {
     line.slider->setMinimumHeight(kShortestSlider);
   }
@@ -202,8 +225,8 @@ void DigitalAudioDialog::Listen(SetupLine which) {
   connect(controls.list, &QComboBox::currentIndexChanged, this, chooseLine);
   // The entry that is shown counts as chosen too once the mixer is another.
   connect(controls.list, &QComboBox::activated, this, chooseLine);
-  connect(controls.slider, &QSlider::valueChanged, this, [this, which](int position) {
-    shown.MoveSlider(which, position);
+  connect(controls.slider, &QSlider::valueChanged, this, [this, which](int value) {
+    shown.MoveSlider(which, Turned(which, value, shown.Slider(which)));
     ShowPercent(which);
   });
 }
@@ -230,10 +253,11 @@ void DigitalAudioDialog::ShowSlider(SetupLine which) {
   const VolumeSlider& volume = shown.Slider(which);
   QSlider& slider = *Of(which).slider;
   const QSignalBlocker quiet(&slider);
-  slider.setRange(volume.minimum, volume.maximum);
+  // An empty range would be painted as a full one.
+  slider.setRange(volume.minimum, volume.exists ? volume.maximum : 1);
   slider.setPageStep(volume.pageStep);
   slider.setSingleStep(volume.lineStep);
-  slider.setValue(volume.position);
+  slider.setValue(Turned(which, volume.position, volume));
   slider.setEnabled(volume.exists);
   ShowPercent(which);
 }

@@ -27,9 +27,10 @@ FilterDialog::FilterDialog(QWidget* parent, int start)
   auto* grid = new QGridLayout(this);
   grid->addWidget(label, 0, 0);
   grid->addWidget(presets, 0, 1, 1, 3);
-  grid->addWidget(audition, 1, 1);
-  grid->addWidget(ok, 1, 2);
-  grid->addWidget(cancel, 1, 3);
+  grid->setRowMinimumHeight(1, kGapOverButtons);
+  grid->addWidget(audition, 2, 1);
+  grid->addWidget(ok, 2, 2);
+  grid->addWidget(cancel, 2, 3);
   grid->setSizeConstraint(QLayout::SetFixedSize);
 }
 

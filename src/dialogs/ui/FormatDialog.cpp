@@ -15,6 +15,8 @@ namespace tembrel {
 
 namespace {
 
+constexpr int kListLetters = 12;
+
 void Fill(QComboBox& list, std::span<const std::string_view> entries, std::optional<int> selected) {
   for (const std::string_view entry : entries) {
     list.addItem(DialogText(entry));
@@ -34,6 +36,7 @@ FormatDialog::FormatDialog(QWidget* parent, const FormatChoice& start)
   Fill(*rate, kRateEntries, selections.rate);
   Fill(*resolution, kResolutionEntries, selections.resolution);
   Fill(*channels, kChannelEntries, selections.channels);
+  rate->setPlaceholderText(QString::number(start.rate) + " Hz");  // what stays when none is chosen
 
   struct Row {
     QComboBox* list;
@@ -52,6 +55,10 @@ FormatDialog::FormatDialog(QWidget* parent, const FormatChoice& start)
     grid->addWidget(list, line, 1);
     ++line;
   }
+  for (QComboBox* list : {rate, resolution, channels}) {
+    list->setMinimumContentsLength(kListLetters);
+  }
+  grid->setRowMinimumHeight(line++, kGapOverButtons);
   const auto [ok, cancel] = CreateButtons(kOkControl);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();

@@ -14,6 +14,9 @@ class ParameterDialog : public QDialog {
   Q_OBJECT
 
  protected:
+  // Between what is asked and the buttons, in pixels.
+  static constexpr int kGapOverButtons = 6;
+
   // `className` becomes the object name, `resource` the property "resourceId".
   ParameterDialog(QWidget* parent, const char* className, int resource, std::string_view title);
 

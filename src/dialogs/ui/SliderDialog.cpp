@@ -69,7 +69,8 @@ void SliderDialog::CreateControls(const SliderDialogTexts& texts) {
   grid->addWidget(new QLabel(DialogText(texts.unit), this), 0, 2);
   grid->setColumnStretch(2, 1);
   grid->addWidget(slider, 1, 0, 1, 3);
-  grid->addLayout(buttons, 2, 0, 1, 3);
+  grid->setRowMinimumHeight(2, kGapOverButtons);
+  grid->addLayout(buttons, 3, 0, 1, 3);
   grid->setSizeConstraint(QLayout::SetFixedSize);
 }
 
