@@ -49,6 +49,9 @@ class RiffReader {
   // Goes behind the chunk and its pad byte.
   void Ascend(const RiffChunk& chunk);
 
+  // The file, for reading on without looking for chunks.
+  InputFile TakeFile() && { return std::move(file); }
+
   // The system's words when a header that was looked for could not be read; empty when it simply is not
   // there.
   const std::string& ReadError() const { return readError; }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -114,6 +113,17 @@ Filled Fill(RiffReader& reader, std::span<std::byte> target, const Progress& pro
 }
 
 }  // namespace
+
+std::optional<WaveData> OpenWaveData(const std::filesystem::path& path, std::string& reason) {
+  std::optional<OpenWave> wave = OpenWaveFile(path, reason, [](std::uint32_t) { return kFormatRecordSize; });
+  if (!wave) {
+    return std::nullopt;
+  }
+  const std::uint64_t start = wave->data.dataOffset;
+  const std::uint64_t end = std::min(wave->data.End(), wave->reader.FileSize());
+  const std::uint64_t frames = end > start ? (end - start) / wave->format.nBlockAlign : 0;
+  return WaveData{std::move(wave->reader).TakeFile(), wave->format, start, frames};
+}
 
 LoadResult LoadClip(const std::filesystem::path& path, std::uint32_t targetRate, std::uint16_t targetBits,
                     std::uint16_t targetChannels, bool convert, const Progress& progress) {

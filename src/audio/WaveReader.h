@@ -4,10 +4,13 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "audio/AudioClip.h"
 #include "audio/Progress.h"
+#include "audio/WaveFormat.h"
+#include "platform/InputFile.h"
 
 namespace tembrel {
 
@@ -22,6 +25,18 @@ struct LoadResult {
 // memory than the file has bytes (and, converting, than the result has).
 LoadResult LoadClip(const std::filesystem::path& path, std::uint32_t targetRate, std::uint16_t targetBits,
                     std::uint16_t targetChannels, bool convert, const Progress& progress = {});
+
+// The sound of a WAVE file that stays open to be read piece by piece.
+struct WaveData {
+  InputFile file;
+  WaveFormat format;
+  std::uint64_t offset = 0;  // where the first frame starts in the file
+  std::uint64_t frames = 0;  // whole ones that are there
+};
+
+// What LoadClip would read, or as much of it as the file has when it ends early. Nothing on failure, with the
+// reason.
+std::optional<WaveData> OpenWaveData(const std::filesystem::path& path, std::string& reason);
 
 inline constexpr std::uint32_t kNoDuration = 0xFFFFFFFF;
 

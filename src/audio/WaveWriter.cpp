@@ -49,11 +49,26 @@ bool WriteData(RiffWriter& riff, std::span<const std::byte> data, const Progress
   return true;
 }
 
+constexpr std::uint64_t kRiffSizeOffset = 4;
+constexpr std::uint64_t kDataSizeOffset = 40;
+
 }  // namespace
 
 bool FitsInWaveFile(std::uint64_t dataBytes) {
   constexpr std::uint64_t kMostCounted = std::numeric_limits<std::uint32_t>::max();
   return dataBytes <= kMostCounted && kBytesBesideData + dataBytes + dataBytes % 2 <= kMostCounted;
+}
+
+bool WriteWaveSizes(ByteOutput& output, std::uint32_t dataBytes, std::string& reason) {
+  const std::uint32_t pad = dataBytes % 2;
+  std::array<std::byte, 4> riffSize{};
+  std::array<std::byte, 4> dataSize{};
+  StoreLe32(static_cast<std::uint32_t>(kBytesBesideData) + dataBytes + pad, riffSize);
+  StoreLe32(dataBytes, dataSize);
+  constexpr std::array<std::byte, 1> kPad{};
+  return (pad == 0 || output.Overwrite(kWaveDataOffset + dataBytes, kPad, reason)) &&
+         output.Overwrite(kRiffSizeOffset, riffSize, reason) &&
+         output.Overwrite(kDataSizeOffset, dataSize, reason);
 }
 
 WriteResult WriteWaveTo(ByteOutput& output, std::span<const std::byte> data, std::uint32_t rate,

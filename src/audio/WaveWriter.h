@@ -26,6 +26,14 @@ bool FitsInWaveFile(std::uint64_t dataBytes);
 WriteResult WriteWaveTo(ByteOutput& output, std::span<const std::byte> data, std::uint32_t rate,
                         std::uint16_t bits, std::uint16_t channels, const Progress& progress = {});
 
+// Makes a file that WriteWaveTo has begun, and to which sound was appended or from which it was taken since,
+// whole again: writes the sizes, and behind `dataBytes` of sound the pad byte that an odd number asks for.
+// The file must not be longer.
+bool WriteWaveSizes(ByteOutput& output, std::uint32_t dataBytes, std::string& reason);
+
+// Where the sound starts in these files.
+inline constexpr std::uint64_t kWaveDataOffset = 44;
+
 // Writes in place, for files that can be made again: an existing file is cut to nothing first, and what was
 // written before a failure stays.
 WriteResult WriteWave(std::span<const std::byte> data, std::uint32_t rate, std::uint16_t bits,

@@ -1,11 +1,9 @@
 #include "document/TempCopy.h"
 
-#include <array>
 #include <span>
 #include <system_error>
 #include <utility>
 
-#include "audio/Riff.h"
 #include "audio/WaveWriter.h"
 #include "document/CopyPatch.h"
 #include "platform/OutputFile.h"
@@ -16,24 +14,6 @@ namespace tembrel {
 namespace {
 
 constexpr int kNamesTried = 1000;
-// In the files that WaveWriter writes.
-constexpr std::uint64_t kRiffSizeOffset = 4;
-constexpr std::uint64_t kDataSizeOffset = 40;
-constexpr std::uint64_t kDataOffset = 44;
-constexpr std::uint32_t kBytesBesideData = 36;
-
-// The size fields, and the pad byte that an odd size asks for.
-bool WriteSizes(OutputFile& file, std::uint32_t size, std::string& reason) {
-  const std::uint32_t pad = size % 2;
-  std::array<std::byte, 4> riffSize{};
-  std::array<std::byte, 4> dataSize{};
-  StoreLe32(kBytesBesideData + size + pad, riffSize);
-  StoreLe32(size, dataSize);
-  constexpr std::array<std::byte, 1> kPad{};
-  return (pad == 0 || file.Overwrite(kDataOffset + size, kPad, reason)) &&
-         file.Overwrite(kRiffSizeOffset, riffSize, reason) &&
-         file.Overwrite(kDataSizeOffset, dataSize, reason);
-}
 
 bool WriteChanges(OutputFile& file, const AudioClip& clip, const ClipChanges& changes, std::uint32_t oldSize,
                   std::string& reason) {
@@ -42,13 +22,14 @@ bool WriteChanges(OutputFile& file, const AudioClip& clip, const ClipChanges& ch
     const auto length = static_cast<std::size_t>(step.range.end - step.range.start);
     const bool written =
         step.kind == PatchStep::Kind::kSizes
-            ? WriteSizes(file, clip.dataSize, reason)
-            : file.Overwrite(kDataOffset + start, clip.Bytes().subspan(start, length), reason);
+            ? WriteWaveSizes(file, clip.dataSize, reason)
+            : file.Overwrite(kWaveDataOffset + start, clip.Bytes().subspan(start, length), reason);
     if (!written) {
       return false;
     }
   }
-  return !changes.ShiftedFrom() || file.SetLength(kDataOffset + clip.dataSize + clip.dataSize % 2, reason);
+  return !changes.ShiftedFrom() ||
+         file.SetLength(kWaveDataOffset + clip.dataSize + clip.dataSize % 2, reason);
 }
 
 WriteResult WriteWhole(const AudioClip& clip, const std::filesystem::path& path, const Progress& progress) {

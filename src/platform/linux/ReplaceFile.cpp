@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "platform/OutputFile.h"
+#include "platform/linux/FlushFolder.h"
 #include "platform/linux/SystemReason.h"
 
 namespace tembrel {
@@ -56,16 +57,6 @@ Target Examine(const fs::path& target, std::string& reason) {
     return Target::kRefused;
   }
   return Target::kReplaceable;
-}
-
-// Makes the rename itself last through a power cut. Some file systems cannot; the file is replaced all the
-// same.
-void FlushFolder(const fs::path& folder) {
-  const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor >= 0) {
-    fsync(descriptor);
-    close(descriptor);
-  }
 }
 
 bool WriteBeside(OutputFile& file, const FillFile& fill, const fs::path* attributes, std::string& reason) {
