@@ -3,12 +3,12 @@
 # ./test.sh needs besides. Says nothing when nothing is missing.
 set -euo pipefail
 
-build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev)
-run=(libqt6widgets6 libqt6svg6 fonts-dejavu-core)
+build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libpulse-dev)
+run=(libqt6widgets6 libqt6svg6 libpulse0 fonts-dejavu-core)
 virtualDisplay=(xvfb)
 wayland=(qt6-wayland)
 unitTests=(libgtest-dev libgmock-dev libbenchmark-dev)
-programTests=(openbox xdotool imagemagick)
+programTests=(openbox xdotool imagemagick pulseaudio)
 lint=(clang-format clang-tidy shellcheck python3 git binutils)
 
 fail() {
