@@ -1,0 +1,67 @@
+// The sound device of this machine: plays and records through the sound server.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "device/AudioDevice.h"
+#include "device/Take.h"
+#include "device/WaveSound.h"
+#include "platform/SoundServer.h"
+
+namespace tembrel {
+
+class ServerAudioDevice : public AudioDevice {
+ public:
+  // Recordings are taken down in `folder` until they are saved.
+  ServerAudioDevice(std::shared_ptr<SoundServer> soundServer, std::filesystem::path folder);
+  // A recording that is still there stays in the folder, to be recovered at the next start.
+  ~ServerAudioDevice() override;
+
+  // The first frame is the one nearest to `startMs`. The file is read while it plays.
+  DeviceError OpenPlayback(const std::filesystem::path& wavePath, std::int32_t startMs) override;
+  DeviceError Play() override;
+  // A stop when the clock says that the end has been heard lets the sound come to its end, which is late by
+  // what the server needed to begin; every other stop is at once. Play() goes on from there.
+  DeviceError StopPlayback() override;
+  DeviceError ClosePlayback() override;
+
+  DeviceError OpenRecording() override;
+  DeviceError SetRecordingFormat(const PlaybackFormat& format) override;
+  DeviceError Record() override;
+  // Returns what has stopped the recording before, if anything.
+  DeviceError StopRecording() override;
+  // A recording that could not be saved is kept by CloseRecording(), to be recovered at the next start.
+  DeviceError SaveRecording(const std::filesystem::path& path) override;
+  DeviceError CloseRecording() override;
+  RecordingState AskRecording() override;
+
+  // Tells the reason of the last error of this number.
+  std::string ErrorText(DeviceError error) const override;
+
+ private:
+  DeviceError Failed(DeviceError error, const std::string& reason);
+  bool EndIsDue() const;
+
+  std::shared_ptr<SoundServer> server;
+  std::filesystem::path tempFolder;
+  std::map<DeviceError, std::string> reasons;
+
+  std::shared_ptr<FileSound> sound;      // what is open
+  std::unique_ptr<SoundStream> playing;  // it, since Play()
+  std::unique_ptr<SoundStream> ending;   // the end of what was stopped when it was due
+  std::uint64_t playedFrom = 0;          // frames
+  std::chrono::steady_clock::time_point playedSince;
+
+  bool recordingOpen = false;
+  PlaybackFormat recordingFormat;
+  std::shared_ptr<Take> take;
+  std::unique_ptr<SoundStream> recording;
+  bool saveFailed = false;
+};
+
+}  // namespace tembrel

@@ -1,0 +1,114 @@
+#include "device/TakeFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "audio/ProgramPaths.h"
+#include "audio/WaveWriter.h"
+#include "document/TempCopy.h"
+#include "platform/MoveFile.h"
+#include "platform/ReplaceFile.h"
+
+namespace tembrel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kNamesTried = 1000;
+
+std::string Words(std::errc error) {
+  return std::make_error_code(error).message();
+}
+
+}  // namespace
+
+std::optional<TakeFile> TakeFile::Create(const fs::path& tempFolder, const PlaybackFormat& soundFormat,
+                                         std::string& reason) {
+  ProgramPaths paths;
+  paths.tempFolder = tempFolder;
+  std::error_code error;
+  if (!fs::is_directory(tempFolder, error)) {
+    reason = Words(std::errc::no_such_file_or_directory);
+    return std::nullopt;
+  }
+  for (int number = 1; number <= kNamesTried; ++number) {
+    const fs::path path = paths.TempWavePath(number);
+    if (fs::exists(fs::symlink_status(path, error))) {
+      continue;
+    }
+    std::optional<FileLock> lock = FileLock::TryLock(path);
+    if (!lock) {
+      continue;
+    }
+    std::optional<OutputFile> output = OutputFile::Create(path, reason);
+    if (output && WriteWaveTo(*output, {}, soundFormat.rate, soundFormat.bits, soundFormat.channels).ok) {
+      return TakeFile(path, std::move(*lock), std::move(*output), soundFormat);
+    }
+    fs::remove(path, error);
+    reason = reason.empty() ? Words(std::errc::no_space_on_device) : reason;
+    return std::nullopt;
+  }
+  reason = Words(std::errc::permission_denied);
+  return std::nullopt;
+}
+
+TakeFile::TakeFile(fs::path wavePath, FileLock fileLock, OutputFile output, const PlaybackFormat& soundFormat)
+    : path(std::move(wavePath)), lock(std::move(fileLock)), file(std::move(output)), format(soundFormat) {}
+
+bool TakeFile::Append(std::span<const std::byte> frames, std::string& reason) {
+  if (!file.Write(frames, reason)) {
+    CutToFrames();
+    return false;
+  }
+  soundBytes += frames.size();
+  return true;
+}
+
+// After a failed write: keeps what of it is in the file, in whole frames and an even number of bytes, for
+// which no pad byte must be found room.
+void TakeFile::CutToFrames() {
+  std::error_code error;
+  const std::uint64_t length = fs::file_size(path, error);
+  if (error || length < kWaveDataOffset) {
+    return;
+  }
+  const std::uint64_t frame = std::uint64_t{format.bits} / 8 * format.channels;
+  const std::uint64_t unit = std::max<std::uint64_t>(frame, 2);
+  const std::uint64_t kept = (length - kWaveDataOffset) / unit * unit;
+  std::string ignored;
+  if (file.SetLength(kWaveDataOffset + kept, ignored)) {
+    soundBytes = kept;
+  }
+}
+
+bool TakeFile::Settle(std::string& reason) {
+  if (!file.Flush(reason) || !WriteWaveSizes(file, static_cast<std::uint32_t>(soundBytes), reason)) {
+    return false;
+  }
+  // Not before there is any sound: nobody wants to recover silence of no length.
+  noted = noted || (soundBytes > 0 && WriteWholeFile(NotePath(path), {}).ok);
+  return true;
+}
+
+bool TakeFile::MoveTo(const fs::path& target, std::string& reason) {
+  const ReplaceResult moved = MoveFile(path, target);
+  reason = moved.reason;
+  if (moved.ok) {
+    std::error_code ignored;
+    fs::remove(NotePath(path), ignored);
+    lock.reset();
+  }
+  return moved.ok;
+}
+
+void TakeFile::Remove() {
+  std::error_code ignored;
+  fs::remove(NotePath(path), ignored);
+  fs::remove(path, ignored);
+  lock.reset();
+}
+
+}  // namespace tembrel
