@@ -74,10 +74,10 @@ class PencilAndToolsTest : public QObject {
     WriteBytes(desk.scratch / "long.wav", WaveFile(44100, 16, 1, Bytes(200000, std::byte{0})));
     desk.Client().OpenDocument(desk.scratch / "long.wav");
     QCoreApplication::processEvents();
-    MoveTo(desk, 200, desk.View().height() / 2);
+    MoveTo(desk, 200, desk.View().height() / 2.0);
     QVERIFY(!desk.View().View().PencilArmed());
     desk.View().View().Show(0, 4L * desk.Active()->width());
-    MoveTo(desk, 201, desk.View().height() / 2);
+    MoveTo(desk, 201, desk.View().height() / 2.0);
     QVERIFY(desk.View().View().PencilArmed());
   }
 
@@ -97,7 +97,7 @@ class PencilAndToolsTest : public QObject {
     const int width = desk.View().width();
     const int height = desk.View().height();
     Bytes expected = SoundOf(window);
-    MoveTo(desk, 200, height / 2);
+    MoveTo(desk, 200, height / 2.0);
     PressAt(desk.View(), {200.0, height / 2.0});
     QCOMPARE(SoundOf(window), expected);
     for (int x = 200; x < 260; ++x) {
@@ -133,7 +133,8 @@ class PencilAndToolsTest : public QObject {
     QVERIFY(desk.View().View().PencilArmed());
     PressAt(desk.View(), {300.0, double(left)});
     for (int i = 0; i < 40; ++i) {
-      MoveTo(desk, 300 + i, left - i / 2);
+      const int y = left - i / 2;
+      MoveTo(desk, 300 + i, y);
     }
     ReleaseAt(desk.View(), {339.0, double(left)});
     const Bytes after = SoundOf(window);
