@@ -44,7 +44,7 @@ std::optional<int> ConsolePrompts::AskAmplify(int /*percent*/) {
   return std::nullopt;
 }
 
-std::optional<int> ConsolePrompts::AskFilter(int /*preset*/) {
+std::optional<int> ConsolePrompts::AskFilter(int /*preset*/, const PresetAudition& /*audition*/) {
   return std::nullopt;
 }
 

@@ -33,7 +33,9 @@ class BatchPrompts final : public Prompts {
     return std::nullopt;
   }
   std::optional<int> AskAmplify(int /*percent*/) override { return std::nullopt; }
-  std::optional<int> AskFilter(int /*preset*/) override { return std::nullopt; }
+  std::optional<int> AskFilter(int /*preset*/, const PresetAudition& /*audition*/) override {
+    return std::nullopt;
+  }
   std::optional<FormatChoice> AskFormat(const FormatChoice& /*format*/) override { return std::nullopt; }
   std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) override;
 

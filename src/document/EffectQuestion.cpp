@@ -9,7 +9,8 @@ constexpr int kUnchangedVolume = 100;  // percent
 }  // namespace
 
 std::optional<EffectParameters> AskEffectParameters(Prompts& prompts, EffectParameter wanted,
-                                                    const AudioClip& clip, RememberedPreset& preset) {
+                                                    const AudioClip& clip, RememberedPreset& preset,
+                                                    const PresetAudition& audition) {
   EffectParameters answer;
   switch (wanted) {
     case EffectParameter::None:
@@ -21,7 +22,7 @@ std::optional<EffectParameters> AskEffectParameters(Prompts& prompts, EffectPara
       }
       break;
     case EffectParameter::FilterPreset:
-      if (const std::optional<int> chosen = prompts.AskFilter(preset.index)) {
+      if (const std::optional<int> chosen = prompts.AskFilter(preset.index, audition)) {
         preset.index = answer.preset = *chosen;
         return answer;
       }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,6 +31,9 @@ class ProgressDisplay {
   virtual bool Report(std::uint64_t done, std::uint64_t total) = 0;
 };
 
+// Plays what a preset makes of the sound in question; empty when nothing can be heard.
+using PresetAudition = std::function<void(int preset)>;
+
 // Texts and names are bytes in the file system's encoding (UTF-8).
 class Prompts {
  public:
@@ -50,8 +54,8 @@ class Prompts {
   // The parameter dialogs; each starts from what is given, and gives nothing when cancelled.
   // Percent, 0 to 1000.
   virtual std::optional<int> AskAmplify(int percent) = 0;
-  // The index of an equaliser preset.
-  virtual std::optional<int> AskFilter(int preset) = 0;
+  // The index of an equaliser preset. `audition` lets the user hear the presets before one is chosen.
+  virtual std::optional<int> AskFilter(int preset, const PresetAudition& audition) = 0;
   virtual std::optional<FormatChoice> AskFormat(const FormatChoice& format) = 0;
   virtual std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) = 0;
 };

@@ -55,7 +55,8 @@ ActionItem PluginMenu(std::span<const std::string> names) {
 }  // namespace
 
 bool IsActionBuilt(int id) {
-  return id == kActionCut || id == kActionCopy || id == kActionInsert || FindEffect(id) != nullptr;
+  return id == kActionCut || id == kActionCopy || id == kActionInsert || id == kActionPlay ||
+         FindEffect(id) != nullptr;
 }
 
 std::vector<ActionItem> ActionMenu(std::span<const std::string> pluginNames) {

@@ -252,7 +252,23 @@ class ParameterDialogsTest : public QObject {
     QCOMPARE(dialog.Choice(), (FormatChoice{48000, 16, 1}));
   }
 
-  void FilterListsThePresetsAndAuditionIsNotThereYet() {
+  void AuditionTellsTheSelectedPresetAndKeepsTheDialogOpen() {
+    QList<int> heard;
+    FilterDialog dialog(window.get(), 4, [&heard](int preset) { heard << preset; });
+    Show(dialog);
+    QCOMPARE(QApplication::focusWidget(), ControlOf<QComboBox>(dialog, 102));
+    QTest::mouseClick(ControlOf<QPushButton>(dialog, 101), Qt::LeftButton);
+    ControlOf<QComboBox>(dialog, 102)->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QTest::keyClick(&dialog, Qt::Key_A, Qt::AltModifier);
+    QTRY_COMPARE(heard, (QList<int>{4, 5}));
+    QVERIFY(dialog.isVisible());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
+    QCOMPARE(heard.size(), 2);
+  }
+
+  void FilterListsThePresetsAndWithoutAListenerAuditionsNothing() {
     FilterDialog dialog(window.get(), 4);
     QCOMPARE(dialog.property("resourceId").toInt(), 1004);
     QCOMPARE(dialog.windowTitle(), QString("Filter"));

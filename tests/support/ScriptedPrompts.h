@@ -26,6 +26,7 @@ class ScriptedPrompts : public Prompts {
   std::optional<SaveChoice> saveChoice;
   std::optional<int> amplifyAnswer;
   std::optional<int> filterAnswer;
+  std::vector<int> presetsToHear;  // auditioned before the filter is answered
   std::optional<FormatChoice> formatAnswer;
   std::vector<std::string> parametersAsked;  // "amplify 100", "filter 0", "format 44100 16 2"
   // What a running task's report gives; default: go on.
@@ -58,8 +59,11 @@ class ScriptedPrompts : public Prompts {
     parametersAsked.push_back("amplify " + std::to_string(percent));
     return amplifyAnswer;
   }
-  std::optional<int> AskFilter(int preset) override {
+  std::optional<int> AskFilter(int preset, const PresetAudition& audition) override {
     parametersAsked.push_back("filter " + std::to_string(preset));
+    for (const int heard : presetsToHear) {
+      audition(heard);
+    }
     return filterAnswer;
   }
   std::optional<FormatChoice> AskFormat(const FormatChoice& format) override {

@@ -28,11 +28,13 @@ QString ProgramName() {
   return QString::fromUtf8(kProgramName.data(), static_cast<qsizetype>(kProgramName.size()));
 }
 
-// Message texts hold file names: they are shown as they are, never read as markup.
+// Message texts hold file names: they are shown as they are, never read as markup. What is said from within
+// a dialog stands over that dialog.
 QMessageBox::StandardButton Ask(QWidget* parent, QMessageBox::Icon icon, const QString& title,
                                 const std::string& text, QMessageBox::StandardButtons buttons,
                                 QMessageBox::StandardButton onEscape) {
-  QMessageBox box(icon, title, PathToText(text), buttons, parent);
+  QWidget* dialog = QApplication::activeModalWidget();
+  QMessageBox box(icon, title, PathToText(text), buttons, dialog == nullptr ? parent : dialog);
   box.setTextFormat(Qt::PlainText);
   box.setEscapeButton(onEscape);
   return static_cast<QMessageBox::StandardButton>(box.exec());
@@ -178,8 +180,8 @@ std::optional<int> QtPrompts::AskAmplify(int percent) {
   return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Percent()) : std::nullopt;
 }
 
-std::optional<int> QtPrompts::AskFilter(int preset) {
-  FilterDialog dialog(parent, preset);
+std::optional<int> QtPrompts::AskFilter(int preset, const PresetAudition& audition) {
+  FilterDialog dialog(parent, preset, audition);
   return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Preset()) : std::nullopt;
 }
 

@@ -22,7 +22,7 @@ class QtPrompts : public Prompts {
   std::optional<SaveChoice> AskSavePath(const std::vector<FileFilter>& filters,
                                         const std::filesystem::path& start) override;
   std::optional<int> AskAmplify(int percent) override;
-  std::optional<int> AskFilter(int preset) override;
+  std::optional<int> AskFilter(int preset, const PresetAudition& audition) override;
   std::optional<FormatChoice> AskFormat(const FormatChoice& format) override;
   std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) override;
 

@@ -40,7 +40,8 @@ tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore setti
       paths(std::move(programPaths)),
       store(std::move(settingStore)),
       prompts(questions),
-      sound(std::move(soundServices)) {
+      sound(std::move(soundServices)),
+      audition(*sound.player, paths.tempFolder) {
   setObjectName("tembrelMDIClient");
   setActivationOrder(QMdiArea::ActivationHistoryOrder);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);

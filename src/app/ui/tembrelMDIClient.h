@@ -13,6 +13,7 @@
 #include "audio/ProgramPaths.h"
 #include "audio/SettingStore.h"
 #include "audio/Settings.h"
+#include "device/Audition.h"
 #include "device/SoundServices.h"
 #include "document/Prompts.h"
 #include "document/StatusTexts.h"
@@ -24,6 +25,7 @@
 namespace tembrel {
 
 class AudioWin;
+class FilterPreview;
 class tembrelMDIChild;
 struct AbandonedCopy;
 
@@ -85,6 +87,10 @@ class tembrelMDIClient : public QMdiArea {
   bool ExecuteEdit(CommandHandler handler);
   void RunAction(AudioWin& window, int command);
   void RunEffect(AudioWin& window, const EffectRow& effect);
+  std::optional<EffectParameters> AskParameters(const AudioClip& clip, const ByteRange& selection,
+                                                const EffectRow& effect);
+  void PlayPreview(FilterPreview& preview, int preset);
+  void PlaySelection(AudioWin& window, const ByteRange& selection);
   void Run(AudioWin& window, const EditStep& step);
   void Say(const EditResult& result);
   CommandContext Context() const;
@@ -110,6 +116,7 @@ class tembrelMDIClient : public QMdiArea {
   SettingStore store;
   Prompts& prompts;
   SoundServices sound;
+  Audition audition;
   Settings settings;
   bool loaded = false;  // the settings are those of the file
   RecentFiles recentFiles;

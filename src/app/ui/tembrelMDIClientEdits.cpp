@@ -5,6 +5,7 @@
 #include "document/EffectQuestion.h"
 #include "document/ui/AudioWin.h"
 #include "edit/ClipEdits.h"
+#include "edit/FilterPreview.h"
 #include "view/ActionMenu.h"
 #include "view/ui/AudioEditWindow.h"
 
@@ -68,6 +69,8 @@ void tembrelMDIClient::RunAction(AudioWin& window, int command) {
       return Run(window, CopyEdit(selection, clipboard));
     case kActionInsert:
       return Run(window, InsertSilenceEdit(selection));
+    case kActionPlay:
+      return PlaySelection(window, selection);
     default:
       if (const EffectRow* effect = FindEffect(command)) {
         RunEffect(window, *effect);
@@ -83,7 +86,11 @@ void tembrelMDIClient::RunEffect(AudioWin& window, const EffectRow& effect) {
   }
   const EditView& view = window.EditWindow()->View();
   const ByteRange selection{view.SelectionStart(), view.SelectionEnd()};
-  const auto parameters = AskEffectParameters(prompts, effect.parameter, *document.Clip(), rememberedPreset);
+  if (!document.Editable()) {
+    Say(document.Edit({}));  // refused; nobody is to choose parameters first
+    return;
+  }
+  const auto parameters = AskParameters(*document.Clip(), selection, effect);
   if (!parameters) {
     return;
   }
@@ -97,6 +104,52 @@ void tembrelMDIClient::RunEffect(AudioWin& window, const EffectRow& effect) {
   }
   Say(result);
   Q_EMIT stateChanged();
+}
+
+std::optional<EffectParameters> tembrelMDIClient::AskParameters(const AudioClip& clip,
+                                                                const ByteRange& selection,
+                                                                const EffectRow& effect) {
+  FilterPreview preview(clip, selection);
+  bool heard = false;
+  auto parameters = AskEffectParameters(prompts, effect.parameter, clip, rememberedPreset, [&](int preset) {
+    heard = true;
+    PlayPreview(preview, preset);
+  });
+  if (heard) {
+    audition.Stop();
+  }
+  return parameters;
+}
+
+void tembrelMDIClient::PlayPreview(FilterPreview& preview, int preset) {
+  std::string message;
+  {
+    const WaitCursor waiting;
+    const FilterPreview::Result made = preview.Make(preset);
+    message = made.sound == nullptr ? made.message
+                                    : audition.AuditionOnce(*made.sound, 0, made.sound->dataSize).message;
+  }
+  if (!message.empty()) {
+    prompts.Error(message);
+  }
+}
+
+void tembrelMDIClient::PlaySelection(AudioWin& window, const ByteRange& selection) {
+  const AudioClip* clip = window.Doc().Clip();
+  if (clip == nullptr) {
+    return;
+  }
+  AuditionResult result;
+  {
+    const WaitCursor waiting;
+    const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress("Play");
+    result = audition.AuditionOnce(
+        *clip, selection.start, selection.end,
+        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); });
+  }
+  if (!result.message.empty()) {
+    prompts.Error(result.message);
+  }
 }
 
 void tembrelMDIClient::Run(AudioWin& window, const EditStep& step) {

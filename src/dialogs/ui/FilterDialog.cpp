@@ -1,5 +1,7 @@
 #include "dialogs/ui/FilterDialog.h"
 
+#include <utility>
+
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -10,7 +12,7 @@
 
 namespace tembrel {
 
-FilterDialog::FilterDialog(QWidget* parent, int start)
+FilterDialog::FilterDialog(QWidget* parent, int start, std::function<void(int preset)> audition)
     : ParameterDialog(parent, "FilterDialog", kFilterResource, "Filter"), presets(new QComboBox(this)) {
   for (const std::string_view name : FilterPresetNames()) {
     presets->addItem(DialogText(name));
@@ -19,16 +21,18 @@ FilterDialog::FilterDialog(QWidget* parent, int start)
   SetControlId(presets, kFilterListControl);
   auto* label = new QLabel("&Preset:", this);
   label->setBuddy(presets);
-  auto* audition = new QPushButton("&Audition", this);
-  SetControlId(audition, kFilterAuditionControl);
-  audition->setEnabled(false);  // nothing can be played yet
+  auto* play = new QPushButton("&Audition", this);
+  SetControlId(play, kFilterAuditionControl);
+  play->setToolTip("Plays the first six seconds of the selection through this preset");
+  play->setEnabled(static_cast<bool>(audition));
+  connect(play, &QPushButton::clicked, this, [this, hear = std::move(audition)] { hear(Preset()); });
   const auto [ok, cancel] = CreateButtons(kOkControl);
 
   auto* grid = new QGridLayout(this);
   grid->addWidget(label, 0, 0);
   grid->addWidget(presets, 0, 1, 1, 3);
   grid->setRowMinimumHeight(1, kGapOverButtons);
-  grid->addWidget(audition, 2, 1);
+  grid->addWidget(play, 2, 1);
   grid->addWidget(ok, 2, 2);
   grid->addWidget(cancel, 2, 3);
   grid->setSizeConstraint(QLayout::SetFixedSize);

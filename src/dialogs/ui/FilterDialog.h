@@ -2,6 +2,8 @@
 // QDialog::Accepted.
 #pragma once
 
+#include <functional>
+
 #include "dialogs/ui/ParameterDialog.h"
 
 class QComboBox;
@@ -12,8 +14,9 @@ class FilterDialog final : public ParameterDialog {
   Q_OBJECT
 
  public:
-  // Selects the preset `start`, an index into FilterPresetNames().
-  FilterDialog(QWidget* parent, int start);
+  // Selects the preset `start`, an index into FilterPresetNames(). `audition` is told the selected preset
+  // when the user wants to hear it; empty when nothing can be heard.
+  FilterDialog(QWidget* parent, int start, std::function<void(int preset)> audition = {});
 
   int Preset() const;
 
