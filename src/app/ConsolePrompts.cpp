@@ -26,6 +26,11 @@ bool ConsolePrompts::AskYesNo(const std::string& text) {
   return false;
 }
 
+bool ConsolePrompts::AskOkCancel(const std::string& text, const std::string& /*title*/) {
+  std::cerr << "tembrel: " << text << " Cancel.\n";
+  return false;
+}
+
 Answer ConsolePrompts::AskYesNoCancel(const std::string& text, const std::string& /*title*/) {
   std::cerr << "tembrel: " << text << " No.\n";
   return Answer::No;

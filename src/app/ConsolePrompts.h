@@ -11,6 +11,7 @@ class ConsolePrompts : public Prompts {
   void Error(const std::string& text) override;
   void Inform(const std::string& text) override;
   bool AskYesNo(const std::string& text) override;
+  bool AskOkCancel(const std::string& text, const std::string& title) override;
   Answer AskYesNoCancel(const std::string& text, const std::string& title) override;
   std::optional<std::filesystem::path> AskOpenPath(const std::vector<FileFilter>& filters) override;
   std::optional<SaveChoice> AskSavePath(const std::vector<FileFilter>& filters,

@@ -22,6 +22,7 @@ class BatchPrompts final : public Prompts {
   void Error(const std::string& text) override { message = text; }
   void Inform(const std::string& text) override { message = text; }
   bool AskYesNo(const std::string& /*text*/) override { return false; }
+  bool AskOkCancel(const std::string& /*text*/, const std::string& /*title*/) override { return false; }
   Answer AskYesNoCancel(const std::string& /*text*/, const std::string& /*title*/) override {
     return Answer::No;
   }

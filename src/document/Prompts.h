@@ -44,6 +44,8 @@ class Prompts {
   virtual void Inform(const std::string& text) = 0;
   // Yes or No with a question icon, titled "Tembrel"; closing the box is No.
   virtual bool AskYesNo(const std::string& text) = 0;
+  // OK or Cancel; closing the box is Cancel.
+  virtual bool AskOkCancel(const std::string& text, const std::string& title) = 0;
   // Yes, No or Cancel with a question icon; closing the box is Cancel.
   virtual Answer AskYesNoCancel(const std::string& text, const std::string& title) = 0;
   // The chosen existing file, or nothing when cancelled.

@@ -22,6 +22,7 @@ TEST(ConsolePrompts, AnswersNoAndSaysTheQuestion) {
   ConsolePrompts prompts;
   CaptureStderr();
   EXPECT_FALSE(prompts.AskYesNo("Overwrite?"));
+  EXPECT_FALSE(prompts.AskOkCancel("Another ending?", "Title"));
   EXPECT_EQ(prompts.AskYesNoCancel("Save?", "Title"), Answer::No);
   const std::string said = GetCapturedStderr();
   EXPECT_THAT(said, HasSubstr("Overwrite? No."));

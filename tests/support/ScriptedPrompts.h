@@ -40,6 +40,11 @@ class ScriptedPrompts : public Prompts {
     questions.push_back(text);
     return Next(Answer::No) == Answer::Yes;
   }
+  bool AskOkCancel(const std::string& text, const std::string& title) override {
+    questions.push_back(text);
+    titles.push_back(title);
+    return Next(Answer::Cancel) == Answer::Yes;
+  }
   Answer AskYesNoCancel(const std::string& text, const std::string& title) override {
     questions.push_back(text);
     titles.push_back(title);

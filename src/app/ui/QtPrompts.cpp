@@ -130,6 +130,11 @@ bool QtPrompts::AskYesNo(const std::string& text) {
              QMessageBox::No) == QMessageBox::Yes;
 }
 
+bool QtPrompts::AskOkCancel(const std::string& text, const std::string& title) {
+  return Ask(parent, QMessageBox::Warning, QString::fromStdString(title), text,
+             QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel) == QMessageBox::Ok;
+}
+
 Answer QtPrompts::AskYesNoCancel(const std::string& text, const std::string& title) {
   switch (Ask(parent, QMessageBox::Question, QString::fromStdString(title), text,
               QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel)) {

@@ -1,0 +1,150 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/TransportStage.h"
+
+namespace tembrel::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr TransportButtons kNoneDown{};
+constexpr TransportButtons kPlayAndPauseDown{.play = true, .pause = true, .record = false};
+
+TEST(TransportPausing, ClosesTheDeviceAndHoldsTheCursor) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.Run(1000);
+  stage.device.TakeCalls();
+  stage.Document().cursorMoves.clear();
+  stage.transport.Pause();
+  EXPECT_TRUE(stage.transport.Paused());
+  EXPECT_TRUE(stage.transport.Playing());
+  EXPECT_TRUE(stage.host.ticking);
+  EXPECT_EQ(stage.transport.Buttons(), kPlayAndPauseDown);
+  EXPECT_THAT(stage.device.TakeCalls(), ElementsAre("stop", "close"));
+  stage.Run(3600'000);
+  EXPECT_TRUE(stage.transport.Playing());
+  EXPECT_THAT(stage.Document().cursorMoves, IsEmpty());
+}
+
+TEST(TransportPausing, GoesOnWhereItStoodAfterFiveSeconds) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.Run(1000);
+  stage.transport.Pause();
+  stage.Run(5000);
+  stage.device.TakeCalls();
+  stage.transport.Pause();
+  EXPECT_FALSE(stage.transport.Paused());
+  EXPECT_THAT(stage.device.TakeCalls(), ElementsAre("open song.wav 1000", "play"));
+  stage.Run(100);
+  EXPECT_EQ(stage.Document().cursor, 44100 + 4410);
+  stage.Run(58'899);
+  EXPECT_TRUE(stage.transport.Playing());
+  stage.Run(1);
+  EXPECT_FALSE(stage.transport.Playing());
+}
+
+TEST(TransportPausing, ManyTimesLosesNoTime) {
+  TransportStage stage;
+  stage.transport.Play();
+  for (int pause = 0; pause < 10; ++pause) {
+    stage.Run(730);
+    stage.transport.Pause();
+    stage.Run(1234);
+    stage.transport.Pause();
+  }
+  stage.Run(100);
+  EXPECT_EQ(stage.Document().cursor, 7400LL * 441 / 10);
+}
+
+// The sound goes on at the cursor, the position by the clock.
+TEST(TransportPausing, TheSoundGoesOnAtTheCursor) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.Run(1000);
+  stage.transport.Pause();
+  stage.Document().cursor = 441'000;
+  stage.device.TakeCalls();
+  stage.transport.Pause();
+  EXPECT_THAT(stage.device.TakeCalls(), ElementsAre("open song.wav 10000", "play"));
+  stage.Run(100);
+  EXPECT_EQ(stage.Document().cursor, 44100 + 4410);
+}
+
+TEST(TransportPausing, TheScreenStaysTheScreen) {
+  TransportStage stage;
+  stage.Document().onScreen = 44100;
+  stage.transport.PlayScreen();
+  stage.Run(500);
+  stage.transport.Pause();
+  stage.Run(500);
+  stage.transport.Pause();
+  EXPECT_TRUE(stage.transport.PlayScreenMode());
+  stage.Run(499);
+  EXPECT_TRUE(stage.transport.Playing());
+  stage.Run(1);
+  EXPECT_FALSE(stage.transport.Playing());
+  EXPECT_EQ(stage.Document().first, 0);
+}
+
+TEST(TransportPausing, WithNothingDownDoesNothing) {
+  TransportStage stage;
+  stage.transport.Pause();
+  EXPECT_EQ(stage.transport.Buttons(), kNoneDown);
+  EXPECT_EQ(stage.host.changes, 0);
+}
+
+TEST(TransportPausing, StopInAPauseReleasesAllButtons) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.Run(1000);
+  stage.transport.Pause();
+  stage.transport.Stop();
+  EXPECT_FALSE(stage.transport.Playing());
+  EXPECT_FALSE(stage.transport.Paused());
+  EXPECT_EQ(stage.transport.Buttons(), kNoneDown);
+  EXPECT_FALSE(stage.host.ticking);
+  stage.Run(1000);
+  stage.transport.Play();
+  stage.Document().cursorMoves.clear();
+  stage.Run(100);
+  EXPECT_THAT(stage.Document().cursorMoves, ElementsAre(4410));
+}
+
+TEST(TransportPausing, PlayInAPauseStops) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.transport.Pause();
+  stage.transport.Play();
+  EXPECT_FALSE(stage.transport.Playing());
+  EXPECT_FALSE(stage.transport.Paused());
+}
+
+TEST(TransportPausing, ADocumentThatClosesInAPauseStopsPlaying) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.transport.Pause();
+  stage.Document().open = false;
+  stage.transport.OnTick();
+  EXPECT_FALSE(stage.transport.Playing());
+  stage.transport.Pause();
+  EXPECT_EQ(stage.transport.Buttons(), kNoneDown);
+}
+
+TEST(TransportPausing, AFileThatIsGoneByThenPlaysInSilence) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.transport.Pause();
+  stage.Document().file.clear();
+  stage.device.TakeCalls();
+  stage.transport.Pause();
+  EXPECT_TRUE(stage.transport.Playing());
+  EXPECT_TRUE(stage.host.silent);
+  EXPECT_THAT(stage.device.TakeCalls(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tembrel::test
