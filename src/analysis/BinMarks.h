@@ -15,7 +15,7 @@ struct BinSpan {
 
 struct BinMark {
   double bin = 0;  // may lie between two
-  int x = 0;      // device pixels; below 0 for a mark left of the first bin
+  int x = 0;       // device pixels; below 0 for a mark left of the first bin
 
   bool operator==(const BinMark&) const = default;
 };

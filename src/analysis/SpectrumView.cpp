@@ -100,6 +100,10 @@ void SpectrumView::MoveMarker(MarkerMove move) {
   Show(std::clamp(std::clamp(shown, 0, LastFirstBin()), markerBin - visible + 1, markerBin));
 }
 
+void SpectrumView::PlaceMarker(int bin) {
+  markerBin = std::clamp(bin, firstBin, firstBin + VisibleBins() - 1);
+}
+
 int SpectrumView::ScrollPosition() const {
   const int room = LastFirstBin();
   return firstBin * kPercent / (room == 0 ? kBinRange : room);

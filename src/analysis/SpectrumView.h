@@ -41,6 +41,8 @@ class SpectrumView {
   bool Scroll(SpectrumScroll code, std::uint32_t position = 0);
   // Moves the marker by a bin, by the visible bins, or to the first or last bin there is; the view follows.
   void MoveMarker(MarkerMove move);
+  // Puts the marker on a visible bin; on the nearest one for any other.
+  void PlaceMarker(int bin);
 
   // What the scroll bar shows, 0..100.
   int ScrollPosition() const;

@@ -32,7 +32,7 @@ constexpr std::array kCommands{
     CommandRow{kCommandPlay, NotBuilt, EnableRule::AudioDocument},
     CommandRow{kCommandPlayFromCursor, NotBuilt, EnableRule::AudioDocument},
     CommandRow{kCommandPlayScreen, NotBuilt, EnableRule::AudioDocument},
-    CommandRow{kCommandAudioSpectrum, NotBuilt, EnableRule::CanOpenSpectrum},
+    CommandRow{kCommandAudioSpectrum, AudioSpectrum, EnableRule::CanOpenSpectrum},
     CommandRow{kCommandAudioSetup, AudioSetup, EnableRule::Always},
     CommandRow{kCommandHelpContents, HelpContents, EnableRule::Always},
     CommandRow{kCommandWebsite, Website, EnableRule::Always},

@@ -23,6 +23,7 @@ enum class CommandHandler {
   Format,
   SelectAll,
   SelectLastRange,
+  AudioSpectrum,
   Cascade,
   Tile,
   ArrangeIcons,

@@ -1,5 +1,6 @@
 // Zooming and scrolling through the bins, and the marker among them.
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "analysis/SpectrumView.h"
 
@@ -217,6 +218,16 @@ TEST(SpectrumView, TheMarkerGoesByScreensAndToBothEnds) {
   EXPECT_EQ(view.FirstBin(), 0);
   view.MoveMarker(MarkerMove::PageLeft);
   EXPECT_EQ(view.MarkerBin(), 0);
+}
+
+TEST(SpectrumView, TheMarkerIsPlacedOnVisibleBinsOnly) {
+  SpectrumView view;
+  view.Scroll(SpectrumScroll::PageRight);
+  for (const auto& [wanted, placed] : {std::pair(300, 300), {256, 256}, {511, 511}, {255, 256}, {512, 511}}) {
+    view.PlaceMarker(wanted);
+    EXPECT_EQ(view.MarkerBin(), placed);
+    EXPECT_EQ(view.FirstBin(), 256);
+  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "tests/gui/support/Desk.h"
 #include "tests/gui/support/ExpectedView.h"
 #include "tests/gui/support/GuiMain.h"
+#include "tests/gui/support/SpectrumDesk.h"
 
 namespace tembrel::test {
 
@@ -87,6 +88,18 @@ class HighResolutionTest : public QObject {
       const QImage shown = OnScreen(desk.View());
       const QImage without = ExpectedView(window, shown.size(), false);
       QCOMPARE(DifferingColumns(shown, without).size(), std::lround(3 * ScaleAskedFor()));
+    }
+  }
+
+  void TheSpectrumIsPaintedInDevicePixels() {
+    SpectrumDesk desk;
+    AudioWin& window = desk.OpenSine("a.wav", 16, 440, 2000);
+    desk.OpenSpectrum();
+    for (const QRect& place : OddPlaces()) {
+      desk.Child().setGeometry(place);
+      const QImage shown = OnScreen(desk.Display());
+      QVERIFY(std::abs(shown.width() - desk.Display().width() * ScaleAskedFor()) <= 1);
+      QCOMPARE(shown, desk.ExpectedDisplay(SpectrumDesk::SpectrumOf(window), shown.size()));
     }
   }
 

@@ -9,6 +9,7 @@
 #include <QMdiSubWindow>
 #include <QUrl>
 
+#include "analysis/ui/SpectrumWin.h"
 #include "app/CommandIds.h"
 #include "app/ProductInfo.h"
 #include "app/ui/HelpWindow.h"
@@ -140,6 +141,8 @@ CommandContext tembrelMDIClient::Context() const {
   CommandContext context;
   context.documentCount = documentCount;
   context.clipboardHasData = clipboard.HasData();
+  context.spectrumOpen = spectrumWindow != nullptr;
+  context.activeIsSpectrum = SpectrumIsActive();
   if (AudioWin* active = ActiveDocument()) {
     context.activeAudioDocument = true;
     context.canUndo = active->Doc().CanUndo();
@@ -193,6 +196,8 @@ void tembrelMDIClient::Execute(CommandHandler handler, int id) {
     case CommandHandler::Exit:
       Q_EMIT exitRequested();
       return;
+    case CommandHandler::AudioSpectrum:
+      return OpenSpectrum();
     case CommandHandler::Cascade:
       return cascadeSubWindows();
     case CommandHandler::Tile:
@@ -221,14 +226,22 @@ void tembrelMDIClient::Execute(CommandHandler handler, int id) {
 }
 
 tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size) {
-  const QMdiSubWindow* active = currentSubWindow();
-  const bool maximized = active != nullptr && active->isMaximized();
   auto* child = new tembrelMDIChild(
       window,
-      [this](AudioWin& asking) { return CanClose(asking.Doc(), prompts, [this] { return SaveActive(); }); },
+      [this](AudioWin& asking) {
+        return CanClose(asking.Doc(), prompts, [this, &asking] { return SaveActiveOr(asking); });
+      },
       this);
   connect(child, &tembrelMDIChild::closing, this, &tembrelMDIClient::ChildClosing);
   Listen(window);
+  ShowChild(child, size);
+  return child;
+}
+
+// Maximised when the active one is.
+void tembrelMDIClient::ShowChild(QMdiSubWindow* child, const QSize& size) {
+  const QMdiSubWindow* active = currentSubWindow();
+  const bool maximized = active != nullptr && active->isMaximized();
   addSubWindow(child);
   child->resize(size.boundedTo(viewport()->size()));
   ++documentCount;
@@ -237,7 +250,6 @@ tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size)
   } else {
     child->show();
   }
-  return child;
 }
 
 void tembrelMDIClient::Listen(AudioWin* window) {
@@ -305,15 +317,22 @@ void tembrelMDIClient::OpenDialog() {
 
 bool tembrelMDIClient::SaveActive() {
   AudioWin* active = ActiveDocument();
-  if (active == nullptr) {
-    return false;
-  }
-  const bool named = !active->Doc().FileName().empty();
-  const bool saved = SaveDocument(active->Doc(), prompts);
+  return active != nullptr && Save(*active);
+}
+
+// A document that asks while the spectrum window is active is saved itself: there is no other to save.
+bool tembrelMDIClient::SaveActiveOr(AudioWin& asking) {
+  AudioWin* active = ActiveDocument();
+  return Save(active == nullptr ? asking : *active);
+}
+
+bool tembrelMDIClient::Save(AudioWin& window) {
+  const bool named = !window.Doc().FileName().empty();
+  const bool saved = SaveDocument(window.Doc(), prompts);
   if (saved && !named) {
-    AddRecentFile(active->Doc().FileName());
+    AddRecentFile(window.Doc().FileName());
   }
-  ShowSaved(*active, named);
+  ShowSaved(window, named);
   return saved;
 }
 
@@ -365,6 +384,9 @@ void tembrelMDIClient::CloseAllUnasked() {
   for (tembrelMDIChild* child : Children()) {
     child->CloseUnasked();
   }
+  if (spectrumWindow != nullptr) {
+    spectrumWindow->parentWidget()->close();
+  }
 }
 
 void tembrelMDIClient::ArrangeIcons() {
@@ -394,8 +416,11 @@ void tembrelMDIClient::ShowRecordingSetup() {
   }
 }
 
-// Without sound the gadgets fall back to the playback format.
+// Without sound the gadgets fall back to the playback format. The spectrum window leaves them as they are.
 void tembrelMDIClient::ShowActiveState() {
+  if (SpectrumIsActive()) {
+    return;
+  }
   AudioWin* active = ActiveDocument();
   if (active == nullptr || active->Doc().Clip() == nullptr) {
     TellPlaybackFormat();

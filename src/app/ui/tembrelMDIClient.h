@@ -7,6 +7,7 @@
 #include <string>
 
 #include <QMdiArea>
+#include <QPointer>
 
 #include "app/CommandTable.h"
 #include "app/RecentFiles.h"
@@ -26,6 +27,7 @@ namespace tembrel {
 
 class AudioWin;
 class FilterPreview;
+class SpectrumWin;
 class tembrelMDIChild;
 struct AbandonedCopy;
 
@@ -58,6 +60,8 @@ class tembrelMDIClient : public QMdiArea {
 
   // The active document's window; null when there is none.
   AudioWin* ActiveDocument() const;
+  // The open spectrum window, null when there is none.
+  SpectrumWin* Spectrum() const;
   const RecentFiles& Recent() const { return recentFiles; }
   const PlaybackFormat& Playback() const { return settings.playback; }
 
@@ -94,6 +98,7 @@ class tembrelMDIClient : public QMdiArea {
   void Run(AudioWin& window, const EditStep& step);
   void Say(const EditResult& result);
   CommandContext Context() const;
+  void ShowChild(QMdiSubWindow* child, const QSize& size);
   tembrelMDIChild* AddChild(AudioWin* window, const QSize& size);
   void Recover(AbandonedCopy copy);
   tembrelMDIChild* NewChild(const QString& title);
@@ -101,12 +106,19 @@ class tembrelMDIClient : public QMdiArea {
   void NewDocument();
   void OpenDialog();
   bool SaveActive();
+  bool Save(AudioWin& window);
+  bool SaveActiveOr(AudioWin& asking);
   void SaveActiveAs();
   void ShowSaved(AudioWin& saved, bool named);
   void CloseActive();
   void AddRecentFile(const std::filesystem::path& path);
   void ChildClosing();
   void ArrangeIcons();
+  void OpenSpectrum();
+  void FollowDocument(AudioWin* document);
+  void RefreshSpectrum();
+  void SpectrumClosing();
+  bool SpectrumIsActive() const;
   void ShowActiveState();
   void TellPlaybackFormat();
   void Listen(AudioWin* window);
@@ -122,6 +134,8 @@ class tembrelMDIClient : public QMdiArea {
   RecentFiles recentFiles;
   Clipboard clipboard;
   RememberedPreset rememberedPreset;
+  QPointer<SpectrumWin> spectrumWindow;
+  QPointer<AudioWin> spectrumDocument;  // whose cursor the spectrum follows
   long documentCount = 0;
   long long lastHandle = 0;
 };

@@ -347,6 +347,9 @@ void AudioEditWindow::UpdateCursorStrip(std::int64_t frame) {
 void AudioEditWindow::CursorChanged(std::int64_t oldFrame, std::int64_t newFrame) {
   UpdateCursorStrip(oldFrame);
   UpdateCursorStrip(newFrame);
+  if (newFrame != oldFrame) {
+    Q_EMIT cursorMoved();
+  }
 }
 
 void AudioEditWindow::ScrollBarChanged(int percent) {

@@ -45,6 +45,8 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void verticalScrollChanged(int topRow, int visibleRows, bool enabled);
   void counterChanged(qint64 frame, qint64 rate);
   void cursorNotified(qint64 frame);
+  // The cursor stands on another frame, whoever moved it.
+  void cursorMoved();
   void relayoutWanted();
   void focused();
   // The view was scrolled or zoomed.

@@ -1,0 +1,100 @@
+// The spectrum window: plot, frequency axis, readout, scroll bar and zoom buttons around the spectrum at a
+// place in a sound. It holds the numbers themselves and never looks back at the sound.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+#include <QWidget>
+
+#include "analysis/FrequencyPick.h"
+#include "analysis/Spectrum.h"
+#include "analysis/SpectrumView.h"
+#include "document/Prompts.h"
+
+class QAction;
+class QToolButton;
+
+namespace tembrel {
+
+class SingleFrequencyWindow;
+class SpectrumDisplayWin;
+class SpectrumFrequencyWindow;
+class TMyScrollBar;
+
+class SpectrumWin : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Asks where to save through `questions`, which outlives the window.
+  explicit SpectrumWin(Prompts& questions, QWidget* parent = nullptr);
+
+  // Computes the spectrum at a frame of the clip and repaints. Without a clip, or for a layout that has no
+  // spectrum, what is shown stays, and the readout says why.
+  void Compute(const AudioClip* clip, std::int64_t cursorFrame);
+
+  // What is saved is called after the sound's file; empty for a sound without one.
+  void SetSoundFile(std::filesystem::path file) { soundFile = std::move(file); }
+  // "Follow the cursor" is on and the document is there.
+  bool FollowsCursor() const;
+  // The document is gone: its last spectrum stays.
+  void DocumentClosed();
+
+  const SpectrumView& View() const { return view; }
+  const Spectrum& Shown() const { return spectrum; }
+
+  QSize sizeHint() const override { return {624, 310}; }
+  QSize minimumSizeHint() const override { return {160, 110}; }
+
+ Q_SIGNALS:
+  // "Follow the cursor" was switched on: what is shown may be out of date.
+  void followingBegan();
+  // The window is about to go.
+  void closing();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  void CreateActions();
+  void CreateScrollBar();
+  void CreateZoomButtons();
+  void RefreshIcons();
+  void LayOut();
+  void Repaint();
+  void RunZoom(int command);
+  void Scroll(SpectrumScroll code, std::uint32_t position = 0);
+  void Pick(double bin, bool atMarker);
+  void PickUnderMouse(double x);
+  void PlaceMarker(double x);
+  bool MoveMarkerByKey(int key);
+  void OpenMenu(const QPoint& globalPlace);
+  QPixmap Picture();
+  void CopyPicture();
+  void SavePicture();
+  void SaveNumbers();
+
+  Prompts& prompts;
+  std::filesystem::path soundFile;
+  NoteBands bands = BuildNoteBands();
+  Spectrum spectrum;
+  SpectrumView view;
+  SingleFrequencyWindow* readout;
+  SpectrumDisplayWin* display;
+  SpectrumFrequencyWindow* axis;
+  TMyScrollBar* scrollBar = nullptr;
+  QList<QToolButton*> zoomButtons;
+  QAction* followAction = nullptr;
+  QAction* copyAction = nullptr;
+  QAction* savePictureAction = nullptr;
+  QAction* saveNumbersAction = nullptr;
+  int wheelRest = 0;  // eighths of a degree not yet a whole wheel step
+};
+
+}  // namespace tembrel

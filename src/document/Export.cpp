@@ -1,0 +1,55 @@
+#include "document/Export.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "platform/ReplaceFile.h"
+
+namespace tembrel {
+
+namespace {
+
+char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool HasEnding(const std::string& name, const std::string& ending) {
+  return name.size() >= ending.size() && std::equal(ending.rbegin(), ending.rend(), name.rbegin(),
+                                                    [](char a, char b) { return Lower(a) == Lower(b); });
+}
+
+}  // namespace
+
+std::filesystem::path ExportName(const std::filesystem::path& soundFile, const std::string& what,
+                                 const ExportKind& kind) {
+  if (soundFile.empty()) {
+    std::error_code ignored;
+    return std::filesystem::current_path(ignored) / (what + kind.ending);
+  }
+  return soundFile.parent_path() / (soundFile.stem().string() + "-" + what + kind.ending);
+}
+
+std::optional<std::filesystem::path> SaveExport(Prompts& prompts, const ExportKind& kind,
+                                                const std::filesystem::path& start,
+                                                std::string_view content) {
+  const std::optional<SaveChoice> choice = prompts.AskSavePath({kind.filter}, start);
+  if (!choice) {
+    return std::nullopt;
+  }
+  std::filesystem::path path = choice->path;
+  if (!HasEnding(path.string(), kind.ending)) {
+    path += kind.ending;
+  }
+  std::error_code error;
+  if (std::filesystem::exists(path, error) && !prompts.AskYesNo(path.string() + " exists. Overwrite?")) {
+    return std::nullopt;
+  }
+  const ReplaceResult result = WriteWholeFile(path, content);
+  if (!result.ok) {
+    prompts.Error(path.string() + " could not be saved: " + result.reason + ".");
+    return std::nullopt;
+  }
+  return path;
+}
+
+}  // namespace tembrel
