@@ -35,6 +35,14 @@ cmp <(tail -c +45 short.wav) <(tail -c +$((45 + 441000 * 4)) talk.wav) || fail "
 eval "$(example 'Convert to mono')"
 same "rate, channels and frames" "$(value rate small.wav) $(value channels small.wav) $(value frames small.wav)" \
   "22050 1 $((frames / 2))"
+# Every sample of the small file is the mean of four of the talk's, left and right of two frames. The channels of the talk differ,
+# or one of them alone would do as well. Both steps truncate, so the mean may be one off.
+paste <(tail -c +45 talk.wav | od -An -v -w8 -t d2) <(tail -c +45 small.wav | od -An -v -w2 -t d2) | awk '
+  { off = $5 - ($1 + $2 + $3 + $4) / 4; if (off < 0) off = -off; if (off > farthest) farthest = off
+    apart = $1 - $2; if (apart < 0) apart = -apart; if (apart > widest) widest = apart }
+  END { if (widest < 1000) { print "the channels of the talk are alike"; exit 1 }
+    if (farthest > 1.5) { print "a sample is " farthest " from the mix"; exit 1 } }' ||
+  fail "the small file is not both channels mixed"
 
 eval "$(example 'A picture')"
 head -n 1 talk.svg | grep -q '^<svg .*width="1200" height="200"' || fail "no drawing of the size: $(head -n 1 talk.svg)"
