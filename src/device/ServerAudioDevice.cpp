@@ -12,14 +12,10 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-// The caller's clock counts whole milliseconds.
+// The caller's clock counts whole milliseconds, rounded more than once.
 constexpr milliseconds kRounding{2};
-// A server that is later than this is not waited for.
-constexpr std::uint64_t kLatestEndMs = 1000;
-
-milliseconds LengthOf(std::uint64_t frames, std::uint32_t rate) {
-  return milliseconds(static_cast<std::int64_t>(frames * 1000 / rate));
-}
+// A server that lags behind more than this is not waited for.
+constexpr std::uint64_t kLongestLagMs = 500;
 
 }  // namespace
 
@@ -48,7 +44,7 @@ DeviceError ServerAudioDevice::OpenPlayback(const std::filesystem::path& wavePat
   }
   playing.reset();
   sound = std::move(opened);
-  sound->GoTo(FrameAtMilliseconds(startMs, sound->Format().rate, sound->Frames()));
+  nextFrame = FrameAtMilliseconds(startMs, sound->Format().rate, sound->Frames());
   return kDeviceSuccess;
 }
 
@@ -61,7 +57,7 @@ DeviceError ServerAudioDevice::Play() {
   }
   playing.reset();
   ending.reset();
-  playedFrom = sound->Position();
+  sound->Limit(nextFrame, sound->Frames());
   StreamResult result = server->StartPlayback(
       sound->Format(), [source = sound](std::span<std::byte> target) { return source->Read(target); });
   playing = std::move(result.stream);
@@ -69,24 +65,25 @@ DeviceError ServerAudioDevice::Play() {
   return Failed(ErrorOfFault(result.fault), result.reason);
 }
 
-bool ServerAudioDevice::EndIsDue() const {
-  const std::uint32_t rate = sound->Format().rate;
-  const auto elapsed = steady_clock::now() - playedSince;
-  return elapsed + kRounding >= LengthOf(sound->Frames() - playedFrom, rate) &&
-         sound->Frames() - sound->Position() <= kLatestEndMs * rate / 1000;
+std::uint64_t ServerAudioDevice::FrameByTheClock() const {
+  const auto elapsed =
+      std::chrono::duration_cast<milliseconds>(steady_clock::now() - playedSince + kRounding);
+  const auto passed = static_cast<std::uint64_t>(elapsed.count()) * sound->Format().rate / 1000;
+  return std::min(nextFrame + passed, sound->Frames());
 }
 
 DeviceError ServerAudioDevice::StopPlayback() {
   if (playing == nullptr) {
     return kDeviceSuccess;
   }
-  if (EndIsDue()) {
+  const std::uint64_t due = FrameByTheClock();
+  const std::uint64_t heard = nextFrame + playing->FramesPassed();
+  if (heard < due && due - heard <= kLongestLagMs * sound->Format().rate / 1000) {
+    sound->EndAt(due);
     ending = std::move(playing);
-    return kDeviceSuccess;
   }
-  const std::uint64_t heard = playing->Ended() ? sound->Position() : playedFrom + playing->FramesPassed();
   playing.reset();
-  sound->GoTo(std::min(heard, sound->Position()));
+  nextFrame = due;
   return kDeviceSuccess;
 }
 

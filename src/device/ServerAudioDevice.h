@@ -25,8 +25,8 @@ class ServerAudioDevice : public AudioDevice {
   // The first frame is the one nearest to `startMs`. The file is read while it plays.
   DeviceError OpenPlayback(const std::filesystem::path& wavePath, std::int32_t startMs) override;
   DeviceError Play() override;
-  // A stop when the clock says that the end has been heard lets the sound come to its end, which is late by
-  // what the server needed to begin; every other stop is at once. Play() goes on from there.
+  // What is heard lags a little behind the clock. After a stop the sound goes on to the place where the clock
+  // says it is, so that one who plays on from there, or waits for the end by the clock, loses nothing.
   DeviceError StopPlayback() override;
   DeviceError ClosePlayback() override;
 
@@ -45,7 +45,7 @@ class ServerAudioDevice : public AudioDevice {
 
  private:
   DeviceError Failed(DeviceError error, const std::string& reason);
-  bool EndIsDue() const;
+  std::uint64_t FrameByTheClock() const;
 
   std::shared_ptr<SoundServer> server;
   std::filesystem::path tempFolder;
@@ -53,8 +53,8 @@ class ServerAudioDevice : public AudioDevice {
 
   std::shared_ptr<FileSound> sound;      // what is open
   std::unique_ptr<SoundStream> playing;  // it, since Play()
-  std::unique_ptr<SoundStream> ending;   // the end of what was stopped when it was due
-  std::uint64_t playedFrom = 0;          // frames
+  std::unique_ptr<SoundStream> ending;   // what was stopped, on its last stretch
+  std::uint64_t nextFrame = 0;           // where Play() starts, and since Play() where it has started
   std::chrono::steady_clock::time_point playedSince;
 
   bool recordingOpen = false;

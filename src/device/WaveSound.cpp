@@ -65,24 +65,29 @@ std::shared_ptr<FileSound> FileSound::Open(const std::filesystem::path& path, st
 }
 
 FileSound::FileSound(WaveData data, const SoundFormat& soundFormat)
-    : wave(std::move(data)), format(soundFormat) {
+    : wave(std::move(data)), format(soundFormat), end(wave.frames) {
   if (!AsTheServerWants(wave.format)) {
     const std::size_t frameBytes = wave.format.nBlockAlign;
     unpacked.resize(std::max(kUnpackedBytes / frameBytes, std::size_t{1}) * frameBytes);
   }
 }
 
-// Up to as many frames as there is room for; none at the end.
-std::size_t FileSound::ReadFrames(std::uint64_t frame, std::span<std::byte> target) {
+void FileSound::Limit(std::uint64_t first, std::uint64_t behindLast) {
+  position = std::min(first, wave.frames);
+  end = std::min(behindLast, wave.frames);
+}
+
+// Reads from the position on; returns the frames that there were.
+std::size_t FileSound::ReadFrames(std::uint64_t most, std::span<std::byte> target) {
   const std::size_t align = wave.format.nBlockAlign;
-  std::uint64_t frames = std::min<std::uint64_t>(target.size() / format.FrameBytes(), wave.frames - frame);
+  std::uint64_t frames = std::min<std::uint64_t>(target.size() / format.FrameBytes(), most);
   if (!unpacked.empty()) {
     frames = std::min<std::uint64_t>(frames, unpacked.size() / align);
   }
   const std::span<std::byte> room = unpacked.empty() ? target : std::span(unpacked);
   const std::span<std::byte> place = room.first(static_cast<std::size_t>(frames) * align);
   std::string ignored;
-  const std::size_t got = wave.file.ReadAt(wave.offset + frame * align, place, ignored) / align;
+  const std::size_t got = wave.file.ReadAt(wave.offset + position * align, place, ignored) / align;
   if (!unpacked.empty()) {
     PackFrames(wave.format, place.first(got * align), target);
   }
@@ -90,17 +95,16 @@ std::size_t FileSound::ReadFrames(std::uint64_t frame, std::span<std::byte> targ
 }
 
 std::size_t FileSound::Read(std::span<std::byte> target) {
-  std::uint64_t frame = std::min<std::uint64_t>(position, wave.frames);
+  const std::uint64_t stop = end;
   std::size_t done = 0;
-  while (done < target.size()) {
-    const std::size_t frames = ReadFrames(frame, target.subspan(done));
+  while (position < stop) {
+    const std::size_t frames = ReadFrames(stop - position, target.subspan(done));
     if (frames == 0) {
       break;
     }
-    frame += frames;
+    position += frames;
     done += frames * format.FrameBytes();
   }
-  position = frame;
   return done;
 }
 

@@ -39,20 +39,22 @@ class FileSound {
 
   const SoundFormat& Format() const { return format; }
   std::uint64_t Frames() const { return wave.frames; }
-  // The frame that Read() gives next. Not to be set while another thread reads.
-  std::uint64_t Position() const { return position; }
-  void GoTo(std::uint64_t frame) { position = frame; }
+  // Read() gives these frames next, and then no more; not while it may be running.
+  void Limit(std::uint64_t first, std::uint64_t behindLast);
+  // Read() ends here, or where it stands by then if that is further on; at any time.
+  void EndAt(std::uint64_t frame) { end = frame; }
 
   // A PullSound: whole frames; fewer than there is room for at the end, or where the file can no longer be
   // read.
   std::size_t Read(std::span<std::byte> target);
 
  private:
-  std::size_t ReadFrames(std::uint64_t frame, std::span<std::byte> target);
+  std::size_t ReadFrames(std::uint64_t most, std::span<std::byte> target);
 
   WaveData wave;
   SoundFormat format;
-  std::atomic<std::uint64_t> position = 0;
+  std::uint64_t position = 0;  // frames
+  std::atomic<std::uint64_t> end = 0;
   std::vector<std::byte> unpacked;  // room for frames as the file has them, where the server wants others
 };
 

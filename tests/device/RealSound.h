@@ -3,7 +3,9 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "audio/WaveFormat.h"
@@ -19,15 +21,18 @@ namespace tembrel::test {
 
 // More than the program asks the server for, so that a busy machine makes no gaps; it goes for all streams of
 // the test.
-inline constexpr const char* kPatientLatencyMs = "400";
+inline constexpr const char* kPatientLatencyMs = "200";
 
 class RealSound : public testing::Test {
  protected:
+  // Plays to this sink.
+  explicit RealSound(std::string sink = "out") : playTo(std::move(sink)) {}
+
   void SetUp() override {
     if (!PrivateSoundServer::Installed()) {
       GTEST_SKIP() << "there is no pulseaudio to play to";
     }
-    server.emplace();
+    server.emplace(playTo);
     ASSERT_TRUE(server->Running()) << "the private sound server did not start";
     services = OpenSoundServices(folder.Path());
   }
@@ -38,6 +43,7 @@ class RealSound : public testing::Test {
     return folder / name;
   }
 
+  std::string playTo;
   ScratchFolder folder;
   EnvironmentValue latency{"PULSE_LATENCY_MSEC", kPatientLatencyMs};
   std::optional<PrivateSoundServer> server;
