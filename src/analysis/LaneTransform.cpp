@@ -1,6 +1,8 @@
 #include "analysis/LaneTransform.h"
 
+#include <cmath>
 #include <cstring>
+#include <numbers>
 
 #include "analysis/FourierTransform.h"
 #include "platform/WideLoops.h"
@@ -57,12 +59,18 @@ struct Complex {
 
 }  // namespace
 
-LaneTransform::LaneTransform() : table{}, mirrored{} {
+LaneTransform::LaneTransform(Turns turns) : table{}, mirrored{} {
   for (std::size_t half = 1; half < kBlockPoints; half *= 2) {
-    TwiddleRecurrence twiddle(2 * half, 1);
+    TwiddleRecurrence plain(2 * half, 1);
     for (std::size_t i = 0; i < half; ++i) {
-      table.at(half - 1 + i) = {static_cast<double>(twiddle.Re()), static_cast<double>(twiddle.Im())};
-      twiddle.Advance();
+      const double angle = std::numbers::pi * static_cast<double>(i) / static_cast<double>(half);
+      Twiddle& twiddle = table.at(half - 1 + i);
+      if (turns == Turns::True) {
+        twiddle = {std::cos(angle), std::sin(angle)};
+      } else {
+        twiddle = {static_cast<double>(plain.Re()), static_cast<double>(plain.Im())};
+      }
+      plain.Advance();
     }
     // The indices below 2 × half, from those below half.
     for (std::size_t i = 0; i < half; ++i) {
@@ -99,12 +107,46 @@ void LaneTransform::FirstForward(const double* values, double* bins, std::size_t
   }
 }
 
-// The same on bins. Turning the other way is turning the same way with real and imaginary parts exchanged:
-// from here on they are, up to the end.
+// The same for complex values; `load` fetches that of an index.
+template <typename LoadValue>
+[[gnu::always_inline]] inline void JoinFirstFour(const LoadValue& load, std::size_t from, double turnRe,
+                                                 double turnIm, double* to) {
+  Complex first;
+  Complex second;
+  Complex third;
+  Complex fourth;
+  load(first, from);
+  load(second, from + 2 * kQuarter);
+  load(third, from + kQuarter);
+  load(fourth, from + 3 * kQuarter);
+  CombineStraight(first.re, second.re);
+  CombineStraight(first.im, second.im);
+  CombineStraight(third.re, fourth.re);
+  CombineStraight(third.im, fourth.im);
+  CombineStraight(first.re, third.re);
+  CombineStraight(first.im, third.im);
+  Combine(second, fourth, turnRe, turnIm);
+  Store(first, to);
+  Store(second, to + kBin);
+  Store(third, to + 2 * kBin);
+  Store(fourth, to + 3 * kBin);
+}
+
+TEMBREL_WIDE_LOOPS
+void LaneTransform::FirstForwardPairs(const double* values, double* bins, std::size_t section) const {
+  const auto load = [values](Complex & value, std::size_t index) __attribute__((always_inline)) {
+    Load(value, values + index * kBin);
+  };
+  for (std::size_t i = section; i < section + kSection; i += 4) {
+    JoinFirstFour(load, mirrored[i], table[2].re, table[2].im, bins + i * kBin);
+  }
+}
+
+// Turning the other way is turning the same way with real and imaginary parts exchanged: from here on they
+// are, up to the end.
 TEMBREL_WIDE_LOOPS
 void LaneTransform::FirstInverse(const double* bins, const BinGains& gains, double* turned,
                                  std::size_t section) const {
-  const Twiddle turn = table[2];
   const auto load = [ bins, &gains ](Complex & value, std::size_t bin) __attribute__((always_inline)) {
     Load(value.im, bins + bin * kBin);
     Load(value.re, bins + bin * kBin + kLanes);
@@ -112,27 +154,21 @@ void LaneTransform::FirstInverse(const double* bins, const BinGains& gains, doub
     value.re *= gains.im[bin];
   };
   for (std::size_t i = section; i < section + kSection; i += 4) {
-    const std::size_t from = mirrored[i];
-    Complex first;
-    Complex second;
-    Complex third;
-    Complex fourth;
-    load(first, from);
-    load(second, from + 2 * kQuarter);
-    load(third, from + kQuarter);
-    load(fourth, from + 3 * kQuarter);
-    CombineStraight(first.re, second.re);
-    CombineStraight(first.im, second.im);
-    CombineStraight(third.re, fourth.re);
-    CombineStraight(third.im, fourth.im);
-    CombineStraight(first.re, third.re);
-    CombineStraight(first.im, third.im);
-    Combine(second, fourth, turn.re, turn.im);
-    double* const to = turned + i * kBin;
-    Store(first, to);
-    Store(second, to + kBin);
-    Store(third, to + 2 * kBin);
-    Store(fourth, to + 3 * kBin);
+    JoinFirstFour(load, mirrored[i], table[2].re, table[2].im, turned + i * kBin);
+  }
+}
+
+TEMBREL_WIDE_LOOPS
+void LaneTransform::FirstInversePairs(const double* bins, const EvenGains& gains, double* turned,
+                                      std::size_t section) const {
+  const auto load = [ bins, &gains ](Complex & value, std::size_t bin) __attribute__((always_inline)) {
+    Load(value.im, bins + bin * kBin);
+    Load(value.re, bins + bin * kBin + kLanes);
+    value.im *= gains[bin];
+    value.re *= gains[bin];
+  };
+  for (std::size_t i = section; i < section + kSection; i += 4) {
+    JoinFirstFour(load, mirrored[i], table[2].re, table[2].im, turned + i * kBin);
   }
 }
 
@@ -203,6 +239,20 @@ void LaneTransform::LastInverse(const double* turned, double* values) const {
   }
 }
 
+TEMBREL_WIDE_LOOPS
+void LaneTransform::LastInversePairs(double* turned) const {
+  const Twiddle* const twiddles = &table[kHalf - 1];
+  for (std::size_t i = 0; i < kHalf; ++i) {
+    Complex first;
+    Complex second;
+    Load(first, turned + i * kBin);
+    Load(second, turned + (i + kHalf) * kBin);
+    Combine(first, second, twiddles[i].re, twiddles[i].im);
+    Store(Complex{first.im, first.re}, turned + i * kBin);
+    Store(Complex{second.im, second.re}, turned + (i + kHalf) * kBin);
+  }
+}
+
 void LaneTransform::Forward(const LaneValues& values, LaneBins& bins) const {
   for (std::size_t section = 0; section < kBlockPoints; section += kSection) {
     FirstForward(values.data(), bins.data(), section);
@@ -220,6 +270,24 @@ void LaneTransform::Inverse(const LaneBins& bins, const BinGains& gains, LaneVal
   }
   JoinSections(turned.data());
   LastInverse(turned.data(), values.data());
+}
+
+void LaneTransform::ForwardPairs(const LaneBins& values, LaneBins& bins) const {
+  for (std::size_t section = 0; section < kBlockPoints; section += kSection) {
+    FirstForwardPairs(values.data(), bins.data(), section);
+    FinishSection(bins.data(), section);
+  }
+  JoinSections(bins.data());
+  LastForward(bins.data());
+}
+
+void LaneTransform::InversePairs(const LaneBins& bins, const EvenGains& gains, LaneBins& values) const {
+  for (std::size_t section = 0; section < kBlockPoints; section += kSection) {
+    FirstInversePairs(bins.data(), gains, values.data(), section);
+    FinishSection(values.data(), section);
+  }
+  JoinSections(values.data());
+  LastInversePairs(values.data());
 }
 
 }  // namespace tembrel

@@ -62,8 +62,9 @@ using Four = float __attribute__((vector_size(kLanes * sizeof(float))));
   rows[3] = __builtin_shufflevector(high01, high23, 2, 3, 6, 7);
 }
 
+// The same number of the blocks stands `step` doubles behind the one before.
 TEMBREL_WIDE_LOOPS
-void LoadLanes(const std::array<const float*, kLanes>& blocks, double* values) {
+void LoadLanes(std::span<const float* const, kLanes> blocks, double* values, std::size_t step) {
   for (std::size_t i = 0; i < kBlockPoints; i += kLanes) {
     std::array<Four, kLanes> rows;
     for (std::size_t lane = 0; lane < kLanes; ++lane) {
@@ -72,7 +73,7 @@ void LoadLanes(const std::array<const float*, kLanes>& blocks, double* values) {
     Transpose(rows);
     for (std::size_t row = 0; row < kLanes; ++row) {
       for (std::size_t lane = 0; lane < kLanes; ++lane) {
-        values[(i + row) * kLanes + lane] = rows[row][lane];
+        values[(i + row) * step + lane] = rows[row][lane];
       }
     }
   }
@@ -80,12 +81,13 @@ void LoadLanes(const std::array<const float*, kLanes>& blocks, double* values) {
 
 // Scaled, rounded, and under the window, which rounds once more.
 TEMBREL_WIDE_LOOPS
-void StoreLanes(const double* values, const float* window, std::array<BlockValues, kLanes>& filtered) {
+void StoreLanes(const double* values, std::size_t step, const float* window,
+                std::span<BlockValues, kLanes> filtered) {
   for (std::size_t i = 0; i < kBlockPoints; i += kLanes) {
     std::array<Four, kLanes> rows;
     for (std::size_t row = 0; row < kLanes; ++row) {
       for (std::size_t lane = 0; lane < kLanes; ++lane) {
-        rows[row][lane] = static_cast<float>(values[(i + row) * kLanes + lane] * kScale) * window[i + row];
+        rows[row][lane] = static_cast<float>(values[(i + row) * step + lane] * kScale) * window[i + row];
       }
     }
     Transpose(rows);
@@ -95,10 +97,20 @@ void StoreLanes(const double* values, const float* window, std::array<BlockValue
   }
 }
 
+// The blocks, and silence up to `count`.
+template <std::size_t count>
+std::array<const float*, count> Filled(std::span<const float* const> blocks) {
+  static constexpr BlockValues kSilence{};
+  std::array<const float*, count> filled{};
+  filled.fill(kSilence.data());
+  std::ranges::copy(blocks, filled.begin());
+  return filled;
+}
+
 }  // namespace
 
 BlockFilter::BlockFilter(FilterMode filterMode, std::uint32_t sampleRate, std::span<const Breakpoint> table)
-    : mode(filterMode), window(TriangularWindow()), gains{} {
+    : mode(filterMode), window(TriangularWindow()), gains{}, evenGains{} {
   gains.re.fill(1.0);
   gains.im.fill(1.0);
   if (mode == FilterMode::CutRumble) {
@@ -117,31 +129,42 @@ BlockFilter::BlockFilter(FilterMode filterMode, std::uint32_t sampleRate, std::s
     gains.re.at(kHalf) = 1.0;
     gains.im = gains.re;
   }
+  for (std::size_t bin = 0; bin < kBlockPoints; ++bin) {
+    evenGains.at(bin) = (gains.re.at(bin) + gains.re.at((kBlockPoints - bin) % kBlockPoints)) / 2;
+  }
 }
 
-void BlockFilter::Filter(std::span<const float* const> blocks,
-                         std::array<BlockValues, kLanes>& filtered) const {
+void BlockFilter::Filter(std::span<const float* const> blocks, std::span<BlockValues> filtered) const {
   if (mode != FilterMode::CleanSpectrum) {
     FilterByGains(blocks, filtered);
     return;
   }
   for (std::size_t i = 0; i < blocks.size(); ++i) {
-    CleanSpectrum(blocks[i], window, filtered.at(i));
+    CleanSpectrum(blocks[i], window, filtered[i]);
   }
 }
 
-void BlockFilter::FilterByGains(std::span<const float* const> blocks,
-                                std::array<BlockValues, kLanes>& filtered) const {
-  static constexpr BlockValues kSilence{};
-  std::array<const float*, kLanes> loaded{};
-  loaded.fill(kSilence.data());
-  std::ranges::copy(blocks, loaded.begin());
+void BlockFilter::FilterByGains(std::span<const float* const> blocks, std::span<BlockValues> filtered) const {
+  const std::array<const float*, kLanes> loaded = Filled<kLanes>(blocks);
   LaneValues values;
   LaneBins bins;
-  LoadLanes(loaded, values.data());
+  LoadLanes(loaded, values.data(), kLanes);
   transform.Forward(values, bins);
   transform.Inverse(bins, gains, values);
-  StoreLanes(values.data(), window.data(), filtered);
+  StoreLanes(values.data(), kLanes, window.data(), filtered.first<kLanes>());
+}
+
+void BlockFilter::FilterPairs(std::span<const float* const> blocks, std::span<BlockValues> filtered) const {
+  const std::array<const float*, 2 * kLanes> all = Filled<2 * kLanes>(blocks);
+  const std::span loaded(all);
+  LaneBins values;
+  LaneBins bins;
+  LoadLanes(loaded.first<kLanes>(), values.data(), 2 * kLanes);
+  LoadLanes(loaded.last<kLanes>(), values.data() + kLanes, 2 * kLanes);
+  pairTransform.ForwardPairs(values, bins);
+  pairTransform.InversePairs(bins, evenGains, values);
+  StoreLanes(values.data(), 2 * kLanes, window.data(), filtered.first<kLanes>());
+  StoreLanes(values.data() + kLanes, 2 * kLanes, window.data(), filtered.subspan<kLanes, kLanes>());
 }
 
 }  // namespace tembrel

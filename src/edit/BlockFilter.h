@@ -1,5 +1,5 @@
 // Filters blocks of 2048 samples by their spectra: the rule that a filter is, applied to one block at a time,
-// or to four where that is quicker.
+// or to several where that is quicker.
 #pragma once
 
 #include <array>
@@ -28,16 +28,22 @@ class BlockFilter {
   FilterMode Mode() const { return mode; }
 
   // Filters up to kLanes blocks of 2048 samples each, and leaves the results under a triangular window in as
-  // many of the first blocks of `filtered`.
-  void Filter(std::span<const float* const> blocks, std::array<BlockValues, kLanes>& filtered) const;
+  // many of the first blocks of `filtered`, which has room for kLanes.
+  void Filter(std::span<const float* const> blocks, std::span<BlockValues> filtered) const;
+
+  // Presets only: twice as many blocks for the same work. What should be exactly 0 in one may come out as a
+  // trace of another's rounding.
+  void FilterPairs(std::span<const float* const> blocks, std::span<BlockValues> filtered) const;
 
  private:
-  void FilterByGains(std::span<const float* const> blocks, std::array<BlockValues, kLanes>& filtered) const;
+  void FilterByGains(std::span<const float* const> blocks, std::span<BlockValues> filtered) const;
 
   FilterMode mode;
   LaneTransform transform;
+  LaneTransform pairTransform{Turns::True};
   BlockValues window;
   BinGains gains;
+  EvenGains evenGains;  // with the same real part of the result: that is all the sound gets
 };
 
 }  // namespace tembrel

@@ -70,6 +70,9 @@ class ClipEditor {
   // A block for the edit's own use; refused when there is no memory.
   std::optional<MemoryBlock> Allocate(std::uint64_t size);
 
+  // Bytes of intermediate results that are worth keeping.
+  std::uint64_t LargestStore() const { return memory.largestStore; }
+
   // Tells how far the edit is; false when it is to be given up, and can be: once versions were given up for
   // want of memory there is no way back.
   bool Proceed(std::uint64_t done, std::uint64_t total);

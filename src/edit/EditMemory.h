@@ -18,6 +18,8 @@ struct EditMemory {
   std::function<bool(MemoryBlock& block, std::size_t newSize)> resize =
       [](MemoryBlock& block, std::size_t newSize) { return block.Resize(newSize); };
   std::uint64_t largestClip = kLargestClip;  // bytes
+  // Bytes of intermediate results that an effect may keep to save itself from computing them again.
+  std::uint64_t largestStore = std::uint64_t{40} << 20U;
 };
 
 }  // namespace tembrel

@@ -1,6 +1,7 @@
 #include "edit/FilterEffect.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -10,7 +11,6 @@
 #include "edit/FloatBlock.h"
 #include "edit/LimitedRewrite.h"
 #include "edit/SampleFloat.h"
-#include "edit/ShareOut.h"
 
 namespace tembrel {
 
@@ -18,8 +18,9 @@ namespace {
 
 constexpr auto kBlock = static_cast<std::int64_t>(kBlockPoints);
 constexpr std::int64_t kOverlap = kBlock / 2;
-// Frames of one channel that a thread filters at a time; whole blocks.
-constexpr std::int64_t kPiece = 32 * kBlock;
+// Frames of one channel that a thread filters at a time.
+constexpr std::int64_t kPiece = kFramesAPiece;
+static_assert(kPiece % kBlock == 0);
 
 // A piece of a channel while it is filtered. Positions are in frames from the start of the range.
 struct Piece {
@@ -38,21 +39,30 @@ struct Piece {
 // Collects blocks until there are enough to filter them together, and puts them out.
 class BlockQueue {
  public:
-  BlockQueue(const BlockFilter& blockFilter, const Piece& filteredPiece, bool addsToOut)
-      : filter(blockFilter), piece(filteredPiece), adds(addsToOut) {}
+  // In pairs, blocks take half the work.
+  BlockQueue(const BlockFilter& blockFilter, const Piece& filteredPiece, bool filtersPairs, bool addsToOut)
+      : filter(blockFilter), piece(filteredPiece), pairs(filtersPairs), adds(addsToOut) {}
 
   void Add(std::int64_t start) {
     starts.at(count++) = start;
-    if (count == kLanes) {
+    if (count == (pairs ? 2 * kLanes : kLanes)) {
       Flush();
     }
   }
 
   void Flush() {
-    std::array<const float*, kLanes> blocks{};
-    std::transform(starts.begin(), starts.begin() + static_cast<std::ptrdiff_t>(count), blocks.begin(),
+    if (count == 0) {
+      return;
+    }
+    std::array<const float*, 2 * kLanes> all{};
+    std::transform(starts.begin(), starts.begin() + static_cast<std::ptrdiff_t>(count), all.begin(),
                    [this](std::int64_t start) { return piece.At(start); });
-    filter.Filter(std::span(blocks).first(count), filtered);
+    const auto blocks = std::span<const float* const>(all).first(count);
+    if (pairs) {
+      filter.FilterPairs(blocks, filtered);
+    } else {
+      filter.Filter(blocks, filtered);
+    }
     for (std::size_t i = 0; i < count; ++i) {
       Put(starts.at(i), filtered.at(i).data());
     }
@@ -63,20 +73,25 @@ class BlockQueue {
   void Put(std::int64_t start, const float* values) const {
     const std::int64_t from = std::max(start, piece.start);
     const std::int64_t to = std::min(start + kBlock, piece.end);
-    for (std::int64_t position = from; position < to; ++position) {
-      const float value = values[position - start];
-      float& out = *piece.OutAt(position);
-      out = adds ? value + out : value;
+    if (from >= to) {
+      return;
+    }
+    const std::span<const float> put(values + (from - start), static_cast<std::size_t>(to - from));
+    if (adds) {
+      std::ranges::transform(put, std::span(piece.OutAt(from), put.size()), piece.OutAt(from), std::plus{});
+    } else {
+      std::ranges::copy(put, piece.OutAt(from));
     }
   }
 
  private:
   const BlockFilter& filter;
   const Piece& piece;
+  bool pairs;
   bool adds;
   std::size_t count = 0;
-  std::array<std::int64_t, kLanes> starts{};
-  std::array<BlockValues, kLanes> filtered;
+  std::array<std::int64_t, 2 * kLanes> starts{};
+  std::array<BlockValues, 2 * kLanes> filtered;
 };
 
 class FilteredSource : public FloatSource {
@@ -98,13 +113,14 @@ class FilteredSource : public FloatSource {
 
   void Restart() override {}
 
-  void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out) override {
+  void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out,
+                WorkTeam& team) override {
     const auto count = static_cast<std::int64_t>(out[0].size());
-    for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
-      TakeInput(frames, first, count, channel);
-    }
+    team.ShareOut(range.format.nChannels, [&](std::int64_t channel) {
+      TakeInput(frames, first, count, static_cast<std::size_t>(channel));
+    });
     const std::int64_t pieces = (count + kPiece - 1) / kPiece;
-    ShareOut(pieces * range.format.nChannels, [&](std::int64_t index) {
+    team.ShareOut(pieces * range.format.nChannels, [&](std::int64_t index) {
       const auto channel = static_cast<std::size_t>(index / pieces);
       const std::int64_t start = first + index % pieces * kPiece;
       Piece piece;
@@ -131,10 +147,12 @@ class FilteredSource : public FloatSource {
                    input.subspan(static_cast<std::size_t>(kOverlap)), taken, range.Selector(channel));
   }
 
+  // Not with 8 bits, where a trace below 0 makes another sample than 0 itself.
+  bool InPairs() const { return filter.Mode() == FilterMode::Preset && range.format.wBitsPerSample != 8; }
   bool IsCovered(std::int64_t start) const { return start < range.count - kBlock; }
 
   void FilterPiece(const Piece& piece) const {
-    BlockQueue queue(filter, piece, false);
+    BlockQueue queue(filter, piece, InPairs(), false);
     for (std::int64_t start = piece.start; start < piece.end; start += kBlock) {
       if (IsCovered(start)) {
         queue.Add(start);
@@ -149,7 +167,7 @@ class FilteredSource : public FloatSource {
   }
 
   void AddSecondPass(const Piece& piece) const {
-    BlockQueue queue(filter, piece, true);
+    BlockQueue queue(filter, piece, InPairs(), true);
     for (std::int64_t start = std::max(piece.start - kOverlap, kOverlap); start < piece.end;
          start += kBlock) {
       if (IsCovered(start)) {

@@ -6,14 +6,13 @@
 #include "edit/EffectRange.h"
 #include "edit/FloatBlock.h"
 #include "edit/SampleFloat.h"
-#include "edit/ShareOut.h"
 
 namespace tembrel {
 
 namespace {
 
-// Frames that are scaled and stored by one thread at a time.
-constexpr std::int64_t kStoredAtOnce = std::int64_t{1} << 15U;
+// Frames that are scaled and stored by one thread at a time, while they are in the processor's cache.
+constexpr std::int64_t kStoredAtOnce = std::int64_t{1} << 13U;
 
 class Rewriter {
  public:
@@ -24,13 +23,8 @@ class Rewriter {
         size(static_cast<std::uint64_t>(range.bytes.end - range.bytes.start)) {}
 
   EditResult Run() {
-    for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
-      std::optional<MemoryBlock> block =
-          editor.Allocate(static_cast<std::uint64_t>(std::min(kFramesAtOnce, range.count)) * sizeof(float));
-      if (!block) {
-        return RefusalOf(editor);
-      }
-      blocks.at(channel) = std::move(*block);
+    if (!Prepare()) {
+      return RefusalOf(editor);
     }
     if (!FindPeaks()) {
       return EditResult::Cancelled();
@@ -43,11 +37,37 @@ class Rewriter {
   }
 
  private:
+  bool Prepare() {
+    const auto kept =
+        static_cast<std::int64_t>(editor.LargestStore() / sizeof(float) / range.format.nChannels);
+    const std::int64_t computedTwice = std::max<std::int64_t>(range.count - kept, 0);
+    keptFrom = std::min((computedTwice + kFramesAtOnce - 1) / kFramesAtOnce * kFramesAtOnce, range.count);
+    for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+      if (!Allocate(std::min(keptFrom, kFramesAtOnce), passing.at(channel)) ||
+          !Allocate(range.count - keptFrom, keeping.at(channel))) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  bool Allocate(std::int64_t frames, MemoryBlock& block) {
+    std::optional<MemoryBlock> allocated =
+        editor.Allocate(static_cast<std::uint64_t>(frames) * sizeof(float));
+    if (allocated) {
+      block = std::move(*allocated);
+    }
+    return allocated.has_value();
+  }
+
   ChannelFloats Floats(std::int64_t first) {
     const auto count = static_cast<std::size_t>(std::min(kFramesAtOnce, range.count - first));
     ChannelFloats floats;
     for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
-      floats.at(channel) = AsFloats(blocks.at(channel)).first(count);
+      floats.at(channel) =
+          first < keptFrom
+              ? AsFloats(passing.at(channel)).first(count)
+              : AsFloats(keeping.at(channel)).subspan(static_cast<std::size_t>(first - keptFrom), count);
     }
     return floats;
   }
@@ -62,10 +82,11 @@ class Rewriter {
     source.Restart();
     for (std::int64_t first = 0; first < range.count; first += kFramesAtOnce) {
       const ChannelFloats floats = Floats(first);
-      source.Continue(frames, first, floats);
-      for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+      source.Continue(frames, first, floats, team);
+      team.ShareOut(range.format.nChannels, [&](std::int64_t index) {
+        const auto channel = static_cast<std::size_t>(index);
         peaks.at(channel) = std::max(peaks.at(channel), LargestMagnitude(floats.at(channel)));
-      }
+      });
       if (!Tell(first + kFramesAtOnce, 0)) {
         return false;
       }
@@ -74,14 +95,11 @@ class Rewriter {
   }
 
   bool Write(std::span<std::byte> frames) {
-    const bool kept = range.count <= kFramesAtOnce;  // all is still in the blocks
-    if (!kept) {
-      source.Restart();
-    }
+    source.Restart();
     for (std::int64_t first = 0; first < range.count; first += kFramesAtOnce) {
       const ChannelFloats floats = Floats(first);
-      if (!kept) {
-        source.Continue(frames, first, floats);
+      if (first < keptFrom) {
+        source.Continue(frames, first, floats, team);
       }
       Store(frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format)), floats);
       if (!Tell(first + kFramesAtOnce, size)) {
@@ -93,7 +111,7 @@ class Rewriter {
 
   void Store(std::span<std::byte> frames, const ChannelFloats& floats) {
     const auto count = static_cast<std::int64_t>(floats[0].size());
-    ShareOut((count + kStoredAtOnce - 1) / kStoredAtOnce, [&](std::int64_t piece) {
+    team.ShareOut((count + kStoredAtOnce - 1) / kStoredAtOnce, [&](std::int64_t piece) {
       const std::int64_t first = piece * kStoredAtOnce;
       const std::int64_t length = std::min(kStoredAtOnce, count - first);
       const auto stored = frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format));
@@ -110,8 +128,11 @@ class Rewriter {
   const FrameRange& range;
   FloatSource& source;
   std::uint64_t size;
-  std::array<MemoryBlock, kMostChannels> blocks;
+  std::int64_t keptFrom = 0;  // frames before are computed twice, those from here on are kept
+  std::array<MemoryBlock, kMostChannels> passing;
+  std::array<MemoryBlock, kMostChannels> keeping;
   std::array<float, kMostChannels> peaks{};
+  WorkTeam team;
 };
 
 }  // namespace

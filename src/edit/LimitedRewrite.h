@@ -1,6 +1,6 @@
 // Effects that compute whole channels as floats, and scale a channel down when it passes full scale. What the
-// channel's peak is shows only at its end, so the sound is computed twice, piece by piece: an hour of it
-// needs no more memory than a minute.
+// channel's peak is shows only at its end. The last minutes of the sound are kept until then; what comes
+// before them is computed twice, part by part: hours need no more memory than minutes.
 #pragma once
 
 #include <array>
@@ -12,13 +12,17 @@
 #include "edit/ClipChanges.h"
 #include "edit/ClipEditor.h"
 #include "edit/EditStep.h"
+#include "edit/ShareOut.h"
 #include "platform/MemoryBlock.h"
 
 namespace tembrel {
 
 inline constexpr std::size_t kMostChannels = 2;
+// A whole number of blocks for the filters, and one block less than sixteen lanes' fill: the half-overlapping
+// blocks between them are one more.
+inline constexpr std::int64_t kFramesAPiece = std::int64_t{63} * 2048;
 // Frames that are asked for at a time; the last time fewer.
-inline constexpr std::int64_t kFramesAtOnce = std::int64_t{1} << 18U;
+inline constexpr std::int64_t kFramesAtOnce = 4 * kFramesAPiece;
 
 // The sound that an effect works on: whole frames.
 struct FrameRange {
@@ -43,7 +47,8 @@ class FloatSource {
   virtual void Restart() = 0;
   // Fills `out`, a span for every channel, with the frames from `first` on. `frames` are the range's bytes;
   // those before `first` may have been rewritten already.
-  virtual void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out) = 0;
+  virtual void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out,
+                        WorkTeam& team) = 0;
 
  protected:
   FloatSource() = default;

@@ -8,7 +8,6 @@
 #include "edit/EffectRange.h"
 #include "edit/LimitedRewrite.h"
 #include "edit/SampleFloat.h"
-#include "edit/ShareOut.h"
 
 namespace tembrel {
 
@@ -40,9 +39,10 @@ class EchoSource : public FloatSource {
     }
   }
 
-  void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out) override {
+  void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out,
+                WorkTeam& team) override {
     const auto bytes = frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format));
-    ShareOut(range.format.nChannels, [&](std::int64_t index) {
+    team.ShareOut(range.format.nChannels, [&](std::int64_t index) {
       const auto channel = static_cast<std::size_t>(index);
       ContinueChannel(bytes, channel, out.at(channel));
     });

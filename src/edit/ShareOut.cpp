@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <atomic>
 #include <system_error>
-#include <thread>
-#include <vector>
 
 namespace tembrel {
 
@@ -14,11 +12,13 @@ constexpr unsigned kMostThreads = 16;
 
 }  // namespace
 
-bool ShareOut(std::int64_t count, const std::function<void(std::int64_t)>& work,
-              const std::function<bool(std::int64_t done)>& goOn) {
+struct WorkTeam::Task {
+  const std::function<void(std::int64_t)>& work;
+  std::int64_t count;
   std::atomic<std::int64_t> next = 0;
   std::atomic<std::int64_t> done = 0;
-  const auto workOnOne = [&] {
+
+  bool WorkOnOne() {
     const std::int64_t piece = next.fetch_add(1);
     if (piece >= count) {
       return false;
@@ -26,29 +26,80 @@ bool ShareOut(std::int64_t count, const std::function<void(std::int64_t)>& work,
     work(piece);
     done.fetch_add(1);
     return true;
-  };
+  }
+};
+
+WorkTeam::~WorkTeam() {
+  const std::lock_guard lock(mutex);
+  dismissed = true;
+  begun.notify_all();
+}
+
+bool WorkTeam::ShareOut(std::int64_t count, const std::function<void(std::int64_t)>& work,
+                        const std::function<bool(std::int64_t done)>& goOn) {
+  Task task{work, count};
+  Hire(count - 1);
+  Publish(task);
   bool wanted = true;
-  {
-    std::vector<std::jthread> helpers;
-    const std::int64_t processors = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
-    try {
-      for (std::int64_t i = 1; i < std::min(processors, count); ++i) {
-        helpers.emplace_back([&workOnOne] {
-          while (workOnOne()) {
-          }
-        });
-      }
-    } catch (const std::system_error&) {
-      // No more threads to be had: those that run, and this one, do all the work.
+  while (wanted && task.WorkOnOne()) {
+    wanted = !goOn || goOn(task.done);
+  }
+  if (!wanted) {
+    task.next = count;
+  }
+  Withdraw();
+  return wanted && (!goOn || goOn(task.done));
+}
+
+void WorkTeam::Hire(std::int64_t wanted) {
+  const std::int64_t processors = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
+  try {
+    while (static_cast<std::int64_t>(helpers.size()) < std::min(processors - 1, wanted)) {
+      helpers.emplace_back([this] { Help(); });
     }
-    while (wanted && workOnOne()) {
-      wanted = !goOn || goOn(done);
+  } catch (const std::system_error&) {
+    // No more threads to be had: those that run, and the caller's, do all the work.
+  }
+}
+
+void WorkTeam::Publish(Task& task) {
+  const std::lock_guard lock(mutex);
+  current = &task;
+  ++taskNumber;
+  begun.notify_all();
+}
+
+// Helpers that have not joined yet no longer can.
+void WorkTeam::Withdraw() {
+  std::unique_lock lock(mutex);
+  current = nullptr;
+  left.wait(lock, [this] { return helping == 0; });
+}
+
+void WorkTeam::Help() {
+  std::uint64_t seen = 0;
+  std::unique_lock lock(mutex);
+  for (;;) {
+    begun.wait(lock, [&] { return dismissed || (current != nullptr && taskNumber != seen); });
+    if (dismissed) {
+      return;
     }
-    if (!wanted) {
-      next = count;
+    seen = taskNumber;
+    Task& task = *current;
+    ++helping;
+    lock.unlock();
+    while (task.WorkOnOne()) {
+    }
+    lock.lock();
+    if (--helping == 0) {
+      left.notify_all();
     }
   }
-  return wanted && (!goOn || goOn(done));
+}
+
+bool ShareOut(std::int64_t count, const std::function<void(std::int64_t)>& work,
+              const std::function<bool(std::int64_t done)>& goOn) {
+  return WorkTeam().ShareOut(count, work, goOn);
 }
 
 }  // namespace tembrel

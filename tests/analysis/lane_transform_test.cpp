@@ -13,8 +13,8 @@ namespace {
 
 using Block = std::vector<std::complex<double>>;
 
-std::array<Block, kLanes> Noise() {
-  std::mt19937 engine(1);
+std::array<Block, kLanes> Noise(unsigned seed = 1) {
+  std::mt19937 engine(seed);
   std::uniform_real_distribution<double> level(-1.0, 1.0);
   std::array<Block, kLanes> blocks;
   for (Block& block : blocks) {
@@ -74,6 +74,45 @@ TEST(LaneTransform, MultipliesByTheGainsOnTheWayBack) {
   for (std::size_t lane = 0; lane < kLanes; ++lane) {
     for (std::size_t i = 0; i < kBlockPoints; ++i) {
       ASSERT_NEAR(values->at(i * kLanes + lane), blocks.at(lane)[i].real(), 1e-11);
+    }
+  }
+}
+
+// One block of every pair far louder than the other.
+TEST(LaneTransform, KeepsPairsOfBlocksApart) {
+  const LaneTransform transform(Turns::True);
+  const std::array<Block, kLanes> loud = Noise(1);
+  const std::array<Block, kLanes> quiet = Noise(2);
+  constexpr double kQuiet = 1e-5;
+  EvenGains gains;
+  for (std::size_t i = 0; i <= kBlockPoints / 2; ++i) {
+    gains.at(i) = gains.at((kBlockPoints - i) % kBlockPoints) = static_cast<double>(i % 7) / 4;
+  }
+  const auto filter = [&](double loudness) {
+    auto values = std::make_unique<LaneBins>();
+    const auto bins = std::make_unique<LaneBins>();
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      for (std::size_t i = 0; i < kBlockPoints; ++i) {
+        values->at(2 * i * kLanes + lane) = loud.at(lane)[i].real() * loudness;
+        values->at((2 * i + 1) * kLanes + lane) = quiet.at(lane)[i].real() * kQuiet;
+      }
+    }
+    transform.ForwardPairs(*values, *bins);
+    transform.InversePairs(*bins, gains, *values);
+    return values;
+  };
+  const auto both = filter(1);
+  const auto alone = filter(0);
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    Block expected = loud.at(lane);
+    TransformPlainly(expected, 1);
+    for (std::size_t i = 0; i < kBlockPoints; ++i) {
+      expected[i] *= gains.at(i);
+    }
+    TransformPlainly(expected, -1);
+    for (std::size_t i = 0; i < kBlockPoints; ++i) {
+      ASSERT_NEAR(both->at(2 * i * kLanes + lane), expected[i].real(), 1e-7);  // the plain form's own turns
+      ASSERT_NEAR(both->at((2 * i + 1) * kLanes + lane), alone->at((2 * i + 1) * kLanes + lane), 1e-11);
     }
   }
 }

@@ -221,6 +221,65 @@ TEST(Filter, IsTheLiteralFormOnSoundThatIsComputedInParts) {
   EXPECT_LE(difference.differing, 1);
 }
 
+// Quiet blocks that come out as whole steps, among loud ones: what leaked from one to the other would show.
+TEST(Filter, IsTheLiteralFormWhereQuietMeetsLoud) {
+  test::Dice dice(16);
+  Difference difference;
+  for (const WaveFormat& format : test::kLayouts) {
+    Bytes bytes = test::SoundBytes(format, 300000, test::Sound::FullScale, dice);
+    const std::int64_t perSample = BytesPerSample(format.wBitsPerSample);
+    const auto count = static_cast<std::int64_t>(bytes.size()) / perSample;
+    for (std::int64_t i = 0; i < count; ++i) {
+      const std::int64_t stretch = i / 11000;
+      if (stretch % 2 == 1 && format.wBitsPerSample == 8) {
+        StoreSample8(bytes.data(), static_cast<std::uint64_t>(i), 128 + stretch % 5 - 2);
+      } else if (stretch % 2 == 1) {
+        StoreSample16(bytes.data(), static_cast<std::uint64_t>(i), stretch % 5 - 2);
+      }
+    }
+    for (const int preset : {4, 5, 9}) {
+      test::LiteralClip clip{format, bytes};
+      test::LiteralEffects(clip).Filter(0, static_cast<std::int64_t>(bytes.size()), preset);
+      difference.Count(format, After(format, bytes, FilterEdit(All(bytes), preset)), clip.data);
+    }
+  }
+  EXPECT_LE(difference.largest, 1);
+  EXPECT_LE(difference.differing * 1000000, difference.samples)
+      << difference.differing << " of " << difference.samples;
+}
+
+TEST(Filter, IsTheSameHoweverMuchIsKept) {
+  test::Dice dice(14);
+  for (const WaveFormat& format : test::kLayouts) {
+    const Bytes bytes = test::SoundBytes(format, kFramesAtOnce + 5000, test::Sound::FullScale, dice);
+    for (const EditStep& step : {FilterEdit(All(bytes), 4), CutRumbleEdit(All(bytes))}) {
+      EXPECT_EQ(test::AfterKeepingNothing(format, bytes, step), After(format, bytes, step));
+    }
+  }
+}
+
+TEST(BlockFilter, FiltersPairsOfBlocksAsSingleOnes) {
+  const BlockFilter filter(FilterMode::Preset, 44100, BuildPresetTable(4));
+  test::Dice dice(15);
+  for (std::size_t count = 1; count <= 2 * kLanes; ++count) {
+    std::vector<BlockValues> blocks(count);
+    std::vector<const float*> pointers;
+    for (BlockValues& block : blocks) {
+      std::ranges::generate(block, [&] { return static_cast<float>(dice.Roll(-32768, 32767)) / 32768; });
+      pointers.push_back(block.data());
+    }
+    std::vector<BlockValues> pairs(2 * kLanes);
+    filter.FilterPairs(pointers, pairs);
+    std::vector<BlockValues> single(kLanes);
+    for (std::size_t i = 0; i < count; ++i) {
+      filter.Filter(std::span(pointers).subspan(i, 1), single);
+      for (std::size_t at = 0; at < kBlockPoints; ++at) {
+        ASSERT_NEAR(pairs[i][at], single[0][at], 3e-7) << i << " of " << count << " at " << at;
+      }
+    }
+  }
+}
+
 TEST(CleanSpectrum, IsTheLiteralForm) {
   test::ForEachSound(7000, [](const WaveFormat& format, const Bytes& bytes, const std::string& name) {
     test::LiteralClip clip{format, bytes};

@@ -108,6 +108,21 @@ TEST(Reverb, IsTheLiteralFormOnLongSound) {
   }
 }
 
+// Nothing kept, or only the last of it.
+TEST(Reverb, IsTheSameHoweverMuchIsKept) {
+  test::Dice dice(18);
+  const std::int64_t frames = 2 * kFramesAtOnce + 12345;
+  for (const WaveFormat& format : {kMono16, kStereo16}) {
+    const Bytes bytes = test::SoundBytes(format, frames, test::Sound::FullScale, dice);
+    const Bytes expected = After(format, bytes, ReverbEdit(All(bytes)));
+    EXPECT_EQ(test::AfterKeepingNothing(format, bytes, ReverbEdit(All(bytes))), expected);
+    test::EffectSession session(format, bytes);
+    session.memory.largestStore = 5000000;
+    ASSERT_TRUE(session.Run(ReverbEdit(All(bytes))).done);
+    EXPECT_EQ(session.Content(), expected);
+  }
+}
+
 // Rates that no sound has: a fifteenth of a second is then no frame, one, or more than the clip.
 TEST(Reverb, IsTheLiteralFormAtOddRates) {
   test::Dice dice(9);

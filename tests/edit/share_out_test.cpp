@@ -44,5 +44,28 @@ TEST(ShareOut, LeavesOutWhatHasNotBegunWhenToldToStop) {
   EXPECT_LT(begun, 1000000);
 }
 
+TEST(WorkTeam, DoesTaskAfterTask) {
+  WorkTeam team;
+  for (int task = 0; task < 2000; ++task) {
+    std::vector<std::atomic<int>> done(static_cast<std::size_t>(task % 9));
+    ASSERT_TRUE(team.ShareOut(static_cast<std::int64_t>(done.size()),
+                              [&](std::int64_t piece) { ++done[static_cast<std::size_t>(piece)]; }));
+    for (const auto& times : done) {
+      ASSERT_EQ(times, 1) << task;
+    }
+  }
+}
+
+TEST(WorkTeam, GoesOnAfterATaskThatWasStopped) {
+  WorkTeam team;
+  for (int round = 0; round < 100; ++round) {
+    EXPECT_FALSE(team.ShareOut(
+        1000, [](std::int64_t) {}, [](std::int64_t) { return false; }));
+    std::atomic<int> done = 0;
+    EXPECT_TRUE(team.ShareOut(10, [&](std::int64_t) { ++done; }));
+    EXPECT_EQ(done, 10);
+  }
+}
+
 }  // namespace
 }  // namespace tembrel

@@ -53,6 +53,14 @@ inline Bytes After(const WaveFormat& format, std::span<const std::byte> bytes, c
   return session.Run(step).done ? session.Content() : Bytes();
 }
 
+// The same with an effect that may keep nothing: it computes all that it needs twice.
+inline Bytes AfterKeepingNothing(const WaveFormat& format, std::span<const std::byte> bytes,
+                                 const EditStep& step) {
+  EffectSession session(format, bytes);
+  session.memory.largestStore = 0;
+  return session.Run(step).done ? session.Content() : Bytes();
+}
+
 inline LiteralClip LiteralOf(const WaveFormat& format, const Bytes& bytes) {
   return {format, bytes};
 }
