@@ -21,7 +21,7 @@ constexpr std::array kTexts{
     ErrorRow{kServerHung, "The sound server does not answer."},
     ErrorRow{kServerRefused, "The sound server cannot do this: %s."},
     ErrorRow{kServerLost,
-             "The recording has stopped: the sound server has ended. What was recorded is kept."},
+             "The recording has stopped: the sound server or its source is gone. What was recorded is kept."},
     ErrorRow{kNothingOpen, "Nothing is open that could be played or recorded."},
     ErrorRow{kFileUnreadable, "The sound could not be played: %s."},
     ErrorRow{kTakeNotBegun, "There is no place for the recording: %s."},

@@ -145,7 +145,7 @@ TEST_F(Recording, ADyingServerEndsItAndWhatWasRecordedStays) {
   ASSERT_TRUE(Eventually([&] { return services.device->AskRecording().failure != kDeviceSuccess; }));
   EXPECT_EQ(services.device->AskRecording().failure, kServerLost);
   EXPECT_EQ(services.device->ErrorText(kServerLost),
-            "The recording has stopped: the sound server has ended. What was recorded is kept.");
+            "The recording has stopped: the sound server or its source is gone. What was recorded is kept.");
   EXPECT_EQ(services.device->StopRecording(), kServerLost);
   ASSERT_EQ(services.device->SaveRecording(folder / "take.WAV"), kDeviceSuccess);
   EXPECT_EQ(services.device->CloseRecording(), kDeviceSuccess);

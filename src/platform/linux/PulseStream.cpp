@@ -127,6 +127,12 @@ bool PulsePlayback::Start() {
   return pa_stream_connect_playback(stream, nullptr, &attributes, kTiming, nullptr, nullptr) >= 0;
 }
 
+// Lets go of what the sound comes from: a file may have been removed, and wait for this to free its room.
+void PulsePlayback::Over() {
+  finished = true;
+  pull = nullptr;
+}
+
 void PulsePlayback::Fill(std::size_t bytes) {
   while (!finished && bytes >= format.FrameBytes()) {
     void* place = nullptr;

@@ -44,7 +44,7 @@ class PulsePlayback : public PulseStream {
   bool Start();
 
  private:
-  void Over() override {}
+  void Over() override;
   void Fill(std::size_t bytes);
   void Finish();
 
