@@ -28,16 +28,18 @@ void SpectrumDisplayWin::ShowMarker(bool show) {
 void SpectrumDisplayWin::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const PaintArea area = UseDevicePixels(painter, *this);
-  QImage image(area.width, area.height, QImage::Format_RGB32);
-  if (image.isNull()) {
+  if (picture.size() != QSize(area.width, area.height)) {
+    picture = QImage(area.width, area.height, QImage::Format_RGB32);
+  }
+  if (picture.isNull()) {
     return;
   }
-  const Raster raster = RasterOf(image);
+  const Raster raster = RasterOf(picture);
   PaintSpectrum(raster, &spectrum, area, view);
   if (markerShown) {
     PaintMarker(raster, area, view);
   }
-  painter.drawImage(0, 0, image);
+  painter.drawImage(0, 0, picture);
 }
 
 void SpectrumDisplayWin::mouseMoveEvent(QMouseEvent* event) {

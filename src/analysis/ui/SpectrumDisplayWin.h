@@ -1,6 +1,7 @@
 // The plot of a spectrum. It paints and tells where the mouse is.
 #pragma once
 
+#include <QImage>
 #include <QWidget>
 
 #include "analysis/Spectrum.h"
@@ -31,6 +32,7 @@ class SpectrumDisplayWin : public QWidget {
  private:
   const Spectrum& spectrum;
   const SpectrumView& view;
+  QImage picture;  // painted anew each time; kept for its memory, which is slow to get
   bool markerShown = false;
 };
 
