@@ -11,7 +11,7 @@ SpectrumLayout LayOutSpectrum(int width, int height) {
   const auto buttonsWidth = static_cast<int>(layout.buttons.size()) * kSpectrumBarSize;
   layout.readout = {0, 0, width, kSpectrumReadoutHeight};
   layout.display = {0, kSpectrumReadoutHeight, width, axisTop - kSpectrumReadoutHeight};
-  layout.axis = {0, axisTop, width, kSpectrumAxisHeight};
+  layout.axis = {kSpectrumBorder, axisTop, std::max(width - 2 * kSpectrumBorder, 0), kSpectrumAxisHeight};
   layout.scrollBar = {0, barTop, std::max(width - buttonsWidth, 0), kSpectrumBarSize};
   int left = width - buttonsWidth;
   for (PixelRect& button : layout.buttons) {

@@ -14,7 +14,8 @@ TEST(SpectrumLayout, StacksReadoutDisplayAxisAndScrollBar) {
   const SpectrumLayout layout = LayOutSpectrum(624, 310);
   EXPECT_EQ(layout.readout, (PixelRect{0, 0, 624, 28}));
   EXPECT_EQ(layout.display, (PixelRect{0, 28, 624, 310 - 28 - 15 - 17}));
-  EXPECT_EQ(layout.axis, (PixelRect{0, 278, 624, 17}));
+  EXPECT_EQ(layout.axis, (PixelRect{1, 278, 622, 17}));
+  EXPECT_EQ(kSpectrumBorder, 1);
   EXPECT_EQ(layout.scrollBar, (PixelRect{0, 293, 573, 17}));
   EXPECT_EQ(layout.buttons[0], (PixelRect{573, 293, 17, 17}));
   EXPECT_EQ(layout.buttons[1], (PixelRect{590, 293, 17, 17}));

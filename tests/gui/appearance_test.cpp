@@ -8,6 +8,7 @@
 #include "tests/gui/support/Desk.h"
 #include "tests/gui/support/ExpectedView.h"
 #include "tests/gui/support/GuiMain.h"
+#include "tests/gui/support/SpectrumDesk.h"
 
 namespace tembrel::test {
 
@@ -125,6 +126,37 @@ class AppearanceTest : public QObject {
     QVERIFY(controls >= 8);
     QCOMPARE(NameForReaders(desk.View()), "Waveform");
     QVERIFY(!NameForReaders(*desk.Frame().findChild<QWidget*>("CountWindow")).isEmpty());
+  }
+
+  void TheSpectrumKeepsItsColoursInADarkThemeAndItsIconsFollow() {
+    SpectrumDesk desk;
+    desk.OpenSine("a.wav", 16, 440, 2000);
+    desk.OpenSpectrum();
+    const QRect painted(1, 0, desk.Window().width() - 2, desk.Bar().y());
+    const auto inside = [&] { return OnScreen(desk.Window()).copy(painted); };
+    const QImage light = inside();
+    const Theme dark(DarkPalette());
+    const QImage shown = inside();
+    // The borders above and below the plot are the theme's.
+    const int top = desk.Display().y() - 1;
+    const int bottom = desk.Axis().y() - 1;
+    for (const auto& [from, to] : {std::pair(0, top), {top + 1, bottom}, {bottom + 1, painted.height()}}) {
+      QCOMPARE(shown.copy(0, from, painted.width(), to - from),
+               light.copy(0, from, painted.width(), to - from));
+    }
+    CheckIcons(desk, DarkPalette());
+  }
+
+  void ThePartsOfTheSpectrumHaveNamesForScreenReaders() {
+    SpectrumDesk desk;
+    desk.OpenSine("a.wav", 16, 440);
+    desk.OpenSpectrum();
+    for (QWidget* part : desk.Window().findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      QVERIFY2(!NameForReaders(*part).isEmpty(), qPrintable(part->objectName()));
+    }
+    QCOMPARE(NameForReaders(desk.Window()), "Audio spectrum");
+    desk.Readout().ShowPick({440, 69});
+    QCOMPARE(NameForReaders(desk.Readout()), "440 Hz, A5 (69)");
   }
 
   void TheStatusGadgetsTellTheirValueToReaders() {

@@ -5,6 +5,7 @@
 #include <QContextMenuEvent>
 #include <QObject>
 
+#include "analysis/SpectrumAxis.h"
 #include "analysis/SpectrumCsv.h"
 #include "analysis/SpectrumLayout.h"
 #include "tests/gui/support/GuiMain.h"
@@ -64,7 +65,7 @@ class SpectrumReadingTest : public QObject {
       // Inside its border.
       const int axisHeight = kSpectrumAxisHeight;
       QCOMPARE(desk.Display().geometry(), QRect(1, 29, width - 2, height - 28 - 15 - axisHeight - 2));
-      QCOMPARE(desk.Axis().geometry(), QRect(0, height - 15 - axisHeight, width, axisHeight));
+      QCOMPARE(desk.Axis().geometry(), QRect(1, height - 15 - axisHeight, width - 2, axisHeight));
       for (const int id : {8193, 8194, 8195}) {
         QCOMPARE(desk.Button(id)->size(), QSize(17, 17));
         QCOMPARE(desk.Button(id)->geometry().bottom(), height - 1);
@@ -75,6 +76,21 @@ class SpectrumReadingTest : public QObject {
       QCOMPARE(desk.Bar().width() + 3 * 17, width);
       QCOMPARE(desk.Bar().minimum(), 0);
       QCOMPARE(desk.Bar().maximum(), 100);
+    }
+  }
+
+  void TheTicksStandUnderTheGridAtEveryWidth() {
+    SpectrumDesk desk;
+    desk.OpenSine("a.wav", 16, 440);
+    desk.OpenSpectrum();
+    for (const int width : {480, 481, 482, 600, 601, 602, 603, 721, 840}) {
+      desk.Child().resize(width, 300);
+      const QImage plot = OnScreen(desk.Display());
+      const QImage axis = OnScreen(desk.Axis());
+      QCOMPARE(axis.width(), plot.width());
+      for (int x = 61; x < plot.width(); ++x) {
+        QCOMPARE(axis.pixel(x, 0) == kSpectrumTickColor, plot.pixel(x, 0) == kSpectrumBinColor);
+      }
     }
   }
 

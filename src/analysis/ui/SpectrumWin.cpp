@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include "analysis/SpectrumAxis.h"
 #include "analysis/SpectrumCsv.h"
 #include "analysis/SpectrumLayout.h"
 #include "analysis/ui/SingleFrequencyWindow.h"
@@ -318,7 +319,8 @@ void SpectrumWin::LayOut() {
   const SpectrumLayout layout = LayOutSpectrum(width(), height());
   readout->setGeometry(ToRect(layout.readout));
   // Its border is painted around it.
-  display->setGeometry(ToRect(layout.display).adjusted(1, 1, -1, -1));
+  display->setGeometry(
+      ToRect(layout.display).adjusted(kSpectrumBorder, kSpectrumBorder, -kSpectrumBorder, -kSpectrumBorder));
   axis->setGeometry(ToRect(layout.axis));
   scrollBar->setGeometry(ToRect(layout.scrollBar));
   for (std::size_t i = 0; i < layout.buttons.size(); ++i) {
@@ -328,6 +330,7 @@ void SpectrumWin::LayOut() {
 
 void SpectrumWin::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  painter.fillRect(0, axis->y(), width(), axis->height(), QColor::fromRgb(kSpectrumAxisPaperColor));
   painter.setPen(palette().color(QPalette::Shadow));
   painter.drawRect(display->geometry().adjusted(-1, -1, 0, 0));
 }
