@@ -14,6 +14,8 @@ using std::chrono::steady_clock;
 
 // The caller's clock counts whole milliseconds, rounded more than once.
 constexpr milliseconds kRounding{2};
+// The caller's clock may be a tick ahead after a pause: so close to the end, the sound goes on to it.
+constexpr std::uint64_t kEndSlackMs = 150;
 // A server that lags behind more than this is not waited for.
 constexpr std::uint64_t kLongestLagMs = 500;
 
@@ -68,8 +70,9 @@ DeviceError ServerAudioDevice::Play() {
 std::uint64_t ServerAudioDevice::FrameByTheClock() const {
   const auto elapsed =
       std::chrono::duration_cast<milliseconds>(steady_clock::now() - playedSince + kRounding);
-  const auto passed = static_cast<std::uint64_t>(elapsed.count()) * sound->Format().rate / 1000;
-  return std::min(nextFrame + passed, sound->Frames());
+  const std::uint32_t rate = sound->Format().rate;
+  const std::uint64_t frame = nextFrame + static_cast<std::uint64_t>(elapsed.count()) * rate / 1000;
+  return frame + kEndSlackMs * rate / 1000 >= sound->Frames() ? sound->Frames() : frame;
 }
 
 DeviceError ServerAudioDevice::StopPlayback() {

@@ -78,7 +78,8 @@ class SoundServer {
   // Returns before the first sound is heard. A stream that the server refuses later has simply ended. Streams
   // may outlive this object. Functions that were handed in are not called any more once the stream is gone.
   virtual StreamResult StartPlayback(const SoundFormat& format, PullSound pull) = 0;
-  // Records from the default source, whichever it is now. Waits until the server has begun.
+  // Records from the default source, and goes over to the one that SetDefaultSource() names meanwhile. Waits
+  // until the server has begun.
   virtual StreamResult StartRecording(const SoundFormat& format, PushSound push, SoundLost lost) = 0;
 
   virtual std::vector<SoundCard> Cards() = 0;

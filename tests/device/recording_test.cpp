@@ -4,6 +4,7 @@
 
 #include "audio/WaveReader.h"
 #include "device/DeviceErrors.h"
+#include "device/RecordingSource.h"
 #include "tests/device/RealSound.h"
 #include "tests/support/FileSizeLimit.h"
 
@@ -93,10 +94,24 @@ TEST_F(Recording, TellsTimeLevelsAndClipping) {
 }
 
 TEST_F(Recording, FollowsTheSelectedSource) {
-  ASSERT_TRUE(services.mixer->Open(0)->SetSelectorItems(0, SelectorKind::Multiplexer, {false, false, true}));
-  Start({44100, 16, 2});
   const WaveFormat format = PcmFormat(44100, 16, 2);
   const std::vector<StereoFrame> source = AsHeard(format, NoiseBytes(format, kFrames));
+  ASSERT_EQ(SelectRecordingSource(*services.mixer, 0, 0), 0);
+  Start({44100, 16, 2});
+  ASSERT_TRUE(PlayInto("out", source));
+  ASSERT_TRUE(WaitForMore(400));
+  const std::unique_ptr<AudioClip> clip = Saved();
+  ASSERT_NE(clip, nullptr);
+  EXPECT_TRUE(WithoutSilence(AsHeard(format, BytesOfSound(*clip))) == source);
+}
+
+TEST_F(Recording, GoesOverToASourceThatIsSelectedMeanwhile) {
+  const WaveFormat format = PcmFormat(44100, 16, 2);
+  const std::vector<StereoFrame> source = AsHeard(format, NoiseBytes(format, kFrames));
+  Start({44100, 16, 2});
+  ASSERT_TRUE(WaitForMore(100));
+  ASSERT_EQ(SelectRecordingSource(*services.mixer, 0, 0), 0);
+  ASSERT_TRUE(WaitForMore(100));
   ASSERT_TRUE(PlayInto("out", source));
   ASSERT_TRUE(WaitForMore(400));
   const std::unique_ptr<AudioClip> clip = Saved();

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <pulse/pulseaudio.h>
+#include <set>
 #include <string>
 
 #include "platform/SoundServer.h"
@@ -44,6 +45,9 @@ class PulseConnection {
   bool Finish(pa_operation* operation);
   // Ends the waiting, to look at `done` again.
   void Signal() const { pa_threaded_mainloop_signal(loop, 0); }
+  // The streams that record now.
+  std::set<pa_stream*> recordings;
+
   // What the last failure was: the server gone, silent, or refusing.
   SoundFault Fault() const;
   // The server's words for its last refusal.

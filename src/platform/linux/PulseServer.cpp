@@ -114,10 +114,26 @@ std::string PulseServer::DefaultSource() {
 
 bool PulseServer::SetDefaultSource(const std::string& name) {
   bool success = false;
-  return Answered([&](pa_context* context) {
-           return pa_context_set_default_source(context, name.c_str(), OnSuccess, &success);
-         }) &&
-         success;
+  const bool answered = Answered([&](pa_context* context) {
+    return pa_context_set_default_source(context, name.c_str(), OnSuccess, &success);
+  });
+  if (!answered || !success) {
+    return false;
+  }
+  MoveRecordingsTo(name);
+  return true;
+}
+
+// Not waited for: the server keeps the order.
+void PulseServer::MoveRecordingsTo(const std::string& source) {
+  const PulseConnection::Lock lock(*connection);
+  for (pa_stream* const stream : connection->recordings) {
+    pa_operation* const move = pa_context_move_source_output_by_name(
+        connection->Context(), pa_stream_get_index(stream), source.c_str(), nullptr, nullptr);
+    if (move != nullptr) {
+      pa_operation_unref(move);
+    }
+  }
 }
 
 std::optional<pa_cvolume> PulseServer::ChannelVolumes(const std::string& name) {

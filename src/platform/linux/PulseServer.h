@@ -27,6 +27,7 @@ class PulseServer : public SoundServer {
   StreamResult StartStream(const SoundFormat& format, Functions... functions);
   template <typename Ask>
   bool Answered(Ask ask);
+  void MoveRecordingsTo(const std::string& source);
   std::optional<pa_cvolume> ChannelVolumes(const std::string& name);
 
   std::shared_ptr<PulseConnection> connection = std::make_shared<PulseConnection>();

@@ -176,6 +176,7 @@ PulseRecording::PulseRecording(std::shared_ptr<PulseConnection> sharedConnection
 
 PulseRecording::~PulseRecording() {
   const PulseConnection::Lock lock(*connection);
+  connection->recordings.erase(stream);
   Close();
 }
 
@@ -191,12 +192,18 @@ bool PulseRecording::Start() {
       this);
   const pa_buffer_attr attributes = ShortBuffer();
   // Naming the source keeps the server from going back to one that it remembers of an earlier recording.
-  return pa_stream_connect_record(stream, "@DEFAULT_SOURCE@", &attributes, kTiming) >= 0 &&
-         connection->WaitFor([this] { return ended || pa_stream_get_state(stream) == PA_STREAM_READY; }) &&
-         !ended;
+  const bool begun =
+      pa_stream_connect_record(stream, "@DEFAULT_SOURCE@", &attributes, kTiming) >= 0 &&
+      connection->WaitFor([this] { return ended || pa_stream_get_state(stream) == PA_STREAM_READY; }) &&
+      !ended;
+  if (begun) {
+    connection->recordings.insert(stream);
+  }
+  return begun;
 }
 
 void PulseRecording::Over() {
+  connection->recordings.erase(stream);
   lost();
 }
 

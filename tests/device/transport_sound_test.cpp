@@ -1,0 +1,151 @@
+// The transport with the real clock and sound device: what is heard and recorded when its commands are given.
+#include <chrono>
+#include <gtest/gtest.h>
+
+#include "audio/WaveReader.h"
+#include "device/Transport.h"
+#include "tests/device/RealSound.h"
+#include "tests/support/FakeTransport.h"
+#include "tests/support/ScriptedPrompts.h"
+
+namespace tembrel::test {
+namespace {
+
+constexpr std::size_t kFrames = 50'000;
+constexpr WaveFormat kStereo{kPcmTag, 2, 44100, 176400, 4, 16};
+
+class RunningClock : public MillisecondClock {
+ public:
+  std::uint32_t Now() const override {
+    const auto since = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<std::uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(since).count());
+  }
+};
+
+class TransportSound : public RealSound {
+ protected:
+  void SetUp() override {
+    RealSound::SetUp();
+    if (IsSkipped() || HasFatalFailure()) {
+      return;
+    }
+    settings.recording.showDialog = false;
+    host.document.file = Write("song.wav", kStereo, data);
+    host.document.frames = kFrames;
+    host.document.onScreen = kFrames;
+    transport.emplace(*services.device, *services.mixer, clock, settings, prompts, host);
+  }
+  void TearDown() override {
+    transport.reset();
+    RealSound::TearDown();
+  }
+
+  // Ticks as the program's timers do until the condition holds.
+  bool TickUntil(const std::function<bool()>& condition) {
+    std::uint32_t next = clock.Now() + kTickMs;
+    return Eventually([&] {
+      if (clock.Now() >= next) {
+        next += kTickMs;
+        transport->OnTick();
+        transport->OnMeter();
+      }
+      return condition();
+    });
+  }
+  bool TickFor(std::uint32_t milliseconds) {
+    const std::uint32_t end = clock.Now() + milliseconds;
+    return TickUntil([&] { return clock.Now() >= end; });
+  }
+
+  Bytes data = NoiseBytes(kStereo, kFrames);
+  std::vector<StereoFrame> all = AsHeard(kStereo, data);
+  RunningClock clock;
+  Settings settings;
+  ScriptedPrompts prompts;
+  FakeTransportHost host;
+  std::optional<Transport> transport;
+};
+
+TEST_F(TransportSound, PlayGivesTheWholeDocument) {
+  const SoundTap tap("out.monitor");
+  transport->Play();
+  EXPECT_TRUE(TickUntil([&] { return !transport->Playing(); }));
+  EXPECT_TRUE(tap.WaitForFrames(kFrames + 10'000));
+  EXPECT_TRUE(tap.Heard() == all);
+}
+
+TEST_F(TransportSound, FromTheCursorStartsThereWithinAMillisecond) {
+  host.document.cursor = 20'021;
+  const SoundTap tap("out.monitor");
+  transport->PlayFromCursor();
+  EXPECT_TRUE(TickUntil([&] { return !transport->Playing(); }));
+  EXPECT_TRUE(tap.WaitForFrames(kFrames - 20'021 + 10'000));
+  const std::vector<StereoFrame> heard = tap.Heard();
+  ASSERT_LE(heard.size(), kFrames);
+  const std::size_t first = kFrames - heard.size();
+  EXPECT_TRUE(heard == From(all, first));
+  EXPECT_LE(first, 20'021U);
+  EXPECT_GE(first + 45, 20'021U);
+}
+
+TEST_F(TransportSound, PauseAndResumeLoseNothing) {
+  std::vector<StereoFrame> before;
+  {
+    const SoundTap tap("out.monitor");
+    transport->Play();
+    ASSERT_TRUE(TickFor(430));
+    transport->Pause();
+    ASSERT_TRUE(tap.WaitForSound());
+    ASSERT_TRUE(tap.WaitForMore(30'000));
+    before = tap.Heard();
+  }
+  ASSERT_LT(before.size(), kFrames);
+  EXPECT_TRUE(std::equal(before.begin(), before.end(), all.begin()));
+  const SoundTap tap("out.monitor");
+  transport->Pause();
+  EXPECT_TRUE(TickUntil([&] { return !transport->Playing(); }));
+  ASSERT_TRUE(tap.WaitForMore(30'000));
+  const std::vector<StereoFrame> after = tap.Heard();
+  ASSERT_LE(after.size(), kFrames);
+  EXPECT_TRUE(after == From(all, kFrames - after.size()));
+  EXPECT_GE(before.size() + after.size(), kFrames);
+}
+
+TEST_F(TransportSound, StopIsHeard) {
+  const SoundTap tap("out.monitor");
+  transport->Play();
+  ASSERT_TRUE(tap.WaitForSound());
+  transport->Stop();
+  ASSERT_TRUE(tap.WaitForMore(60'000));
+  EXPECT_LT(tap.Heard().size(), 40'000U);
+}
+
+TEST_F(TransportSound, AServerThatDiesLeavesTheCursorRunning) {
+  transport->Play();
+  ASSERT_TRUE(TickFor(150));
+  server->Kill();
+  EXPECT_TRUE(TickUntil([&] { return !transport->Playing(); }));
+  EXPECT_GT(*std::ranges::max_element(host.document.cursorMoves), static_cast<std::int64_t>(kFrames) - 1);
+}
+
+TEST_F(TransportSound, ARecordingOfTheSelectedLineIsSavedAndOpened) {
+  settings.playback = {44100, 16, 2};
+  settings.recording.recordingLine = 0;
+  settings.recording.recordingVolume = 65535;
+  prompts.saveChoice = SaveChoice{folder / "take.mp3", 1};
+  prompts.answers = {Answer::Yes};
+  transport->Record();
+  ASSERT_TRUE(transport->Recording());
+  ASSERT_TRUE(PlayInto("out", all));
+  ASSERT_TRUE(TickFor(400));
+  transport->Stop();
+  ASSERT_EQ(host.opened, std::vector<std::filesystem::path>{folder / "take.WAV"});
+  const LoadResult loaded = LoadClip(folder / "take.WAV", 0, 0, 0, false);
+  ASSERT_NE(loaded.clip, nullptr) << loaded.reason;
+  const std::vector<StereoFrame> taken =
+      AsHeard(kStereo, {loaded.clip->Bytes().begin(), loaded.clip->Bytes().end()});
+  EXPECT_NE(std::ranges::search(taken, all).begin(), taken.end());
+}
+
+}  // namespace
+}  // namespace tembrel::test
