@@ -9,10 +9,13 @@ namespace tembrel {
 namespace {
 
 constexpr std::array kStrip{
-    StripButton{45, "rewind", false},       StripButton{33, "play", false},
-    StripButton{35, "pause", false},        StripButton{34, "stop", false},
-    StripButton{36, "record", false},       StripButton{46, "move-in-time", false},
-    StripButton{37, "time-display", false},
+    StripButton{kStripRewind, "rewind", "Home", true},
+    StripButton{kStripPlay, "play", "Space", true},
+    StripButton{kStripPause, "pause", "", true},
+    StripButton{kStripStop, "stop", "", true},
+    StripButton{kStripRecord, "record", "", true},
+    StripButton{kStripMoveInTime, "move-in-time", "", false},
+    StripButton{kStripTimeDisplay, "time-display", "", false},
 };
 
 constexpr std::array kPositions{

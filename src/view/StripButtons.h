@@ -8,10 +8,20 @@
 
 namespace tembrel {
 
+// The transport's buttons are known by their tool tips.
+inline constexpr int kStripPlay = 33;
+inline constexpr int kStripStop = 34;
+inline constexpr int kStripPause = 35;
+inline constexpr int kStripRecord = 36;
+inline constexpr int kStripTimeDisplay = 37;
+inline constexpr int kStripRewind = 45;
+inline constexpr int kStripMoveInTime = 46;
+
 struct StripButton {
-  int tipId;  // of its tool tip; its name is the tip's text
+  int tipId;  // its name is the tip's text
   std::string_view icon;
-  bool built;  // the others stand in the strip, disabled
+  std::string_view key;  // that does the same; empty when there is none
+  bool built;            // the others stand in the strip, disabled
 };
 
 struct PositionButton {

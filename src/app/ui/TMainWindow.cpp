@@ -9,6 +9,7 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLayout>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -23,8 +24,10 @@
 #include "app/RecentFiles.h"
 #include "app/ui/FrameMenuBar.h"
 #include "app/ui/HelpWindow.h"
+#include "app/ui/RecordingGadget.h"
 #include "app/ui/StatusGadgets.h"
 #include "app/ui/TopStrip.h"
+#include "app/ui/TransportControl.h"
 #include "app/ui/VAboutDialog.h"
 #include "app/ui/tembrelMDIClient.h"
 #include "document/ui/AudioWin.h"
@@ -87,6 +90,7 @@ TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts*
   CreateMenus();
   CreateAccelerators();
   CreateTopStrip();
+  ConnectTransport();
   connect(client, &tembrelMDIClient::stateChanged, this, &TMainWindow::RefreshCommands);
   connect(client, &tembrelMDIClient::recentFilesChanged, this, &TMainWindow::RebuildRecentFiles);
   connect(client, &tembrelMDIClient::exitRequested, this, &QWidget::close);
@@ -169,6 +173,29 @@ void TMainWindow::CreateTopStrip() {
   addToolBar(Qt::TopToolBarArea, bar);
 }
 
+void TMainWindow::ConnectTransport() {
+  silentNotice = new QLabel("Silent: this document has no copy that could be played (Temp folder)", this);
+  silentNotice->setObjectName("silentNotice");
+  recordingGadget = new RecordingGadget(this);
+  statusBar()->addPermanentWidget(silentNotice);
+  statusBar()->addPermanentWidget(recordingGadget);
+  // The bar shows what it takes in.
+  silentNotice->hide();
+  recordingGadget->hide();
+  TransportControl& transport = client->Transport();
+  connect(strip, &TopStrip::transportRequested, &transport, &TransportControl::Press);
+  connect(&transport, &TransportControl::changed, this, &TMainWindow::ShowTransport);
+  connect(&transport, &TransportControl::silentChanged, silentNotice, &QWidget::setVisible);
+  connect(&transport, &TransportControl::recordingStarted, recordingGadget, &RecordingGadget::Start);
+  connect(&transport, &TransportControl::recordingProgressed, recordingGadget, &RecordingGadget::Show);
+  connect(&transport, &TransportControl::recordingEnded, recordingGadget, &RecordingGadget::End);
+  ShowTransport();
+}
+
+void TMainWindow::ShowTransport() {
+  strip->ShowTransport(client->Transport().Strip());
+}
+
 void TMainWindow::RebuildRecentFiles() {
   for (QAction* action : std::as_const(recentActions)) {
     fileMenu->removeAction(action);
@@ -223,6 +250,7 @@ void TMainWindow::ActivateDocument(QMdiSubWindow* window) {
 
 void TMainWindow::RefreshCommands() {
   strip->EnablePosition(client->ActiveDocument() != nullptr);
+  ShowTransport();
   for (auto it = actions.cbegin(); it != actions.cend(); ++it) {
     const bool consumed = std::ranges::find(ConsumedCommands(), it.key()) != ConsumedCommands().end();
     it.value()->setEnabled(consumed || client->IsCommandEnabled(it.key()));
@@ -249,7 +277,7 @@ void TMainWindow::changeEvent(QEvent* event) {
 }
 
 void TMainWindow::closeEvent(QCloseEvent* event) {
-  if (!client->AskAllToClose()) {
+  if (!client->Transport().MayEnd() || !client->AskAllToClose()) {
     event->ignore();
     return;
   }

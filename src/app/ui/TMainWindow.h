@@ -11,12 +11,14 @@
 #include "device/SilentServices.h"
 
 class QAction;
+class QLabel;
 class QMdiSubWindow;
 class QMenu;
 
 namespace tembrel {
 
 class FrameMenuBar;
+class RecordingGadget;
 class StatusGadgets;
 class TopStrip;
 class tembrelMDIClient;
@@ -45,6 +47,8 @@ class TMainWindow : public QMainWindow {
   void FillMenu(QMenu* menu, const std::vector<MenuItem>& items);
   void CreateAccelerators();
   void CreateTopStrip();
+  void ConnectTransport();
+  void ShowTransport();
   void RefreshBackground();
   void RebuildRecentFiles();
   void RebuildWindowList();
@@ -59,6 +63,8 @@ class TMainWindow : public QMainWindow {
   StatusGadgets* gadgets;
   FrameMenuBar* frameMenuBar;
   TopStrip* strip = nullptr;
+  RecordingGadget* recordingGadget = nullptr;
+  QLabel* silentNotice = nullptr;
   QMenu* fileMenu = nullptr;
   QMenu* windowMenu = nullptr;
   QHash<int, QAction*> actions;

@@ -7,6 +7,7 @@
 #include "view/ui/CountWin.h"
 #include "view/ui/ScrollerWindow.h"
 #include "view/ui/ThemedIcon.h"
+#include "view/ui/ToggleButton.h"
 #include "view/ui/ToolTipWindow.h"
 
 namespace tembrel {
@@ -38,25 +39,27 @@ TopStrip::TopStrip(ToolTipWindow* tips, QWidget* parent)
   RefreshIcons();
 }
 
-QToolButton* TopStrip::CreateButton(std::string_view icon, std::string_view name, const QRect& place) {
-  auto* button = new QToolButton(this);
-  button->setObjectName("ZoomButton");
-  button->setProperty(kIconName, ToText(icon));
-  button->setAccessibleName(ToText(name));
-  button->setFocusPolicy(Qt::NoFocus);
-  button->setAutoRaise(true);
-  button->setGeometry(place);
-  buttons << button;
-  return button;
+void TopStrip::Place(QToolButton& button, std::string_view icon, std::string_view name, const QRect& place) {
+  button.setProperty(kIconName, ToText(icon));
+  button.setAccessibleName(ToText(name));
+  button.setGeometry(place);
+  buttons << &button;
 }
 
 void TopStrip::CreateTransport(ToolTipWindow* tips) {
   int x = kMargin;
   for (const StripButton& row : StripButtons()) {
-    QToolButton* button =
-        CreateButton(row.icon, StripButtonName(row), {x, Centred(kButton), kButton, kButton});
+    auto* button = new ToggleButton(this);
+    Place(*button, row.icon, StripButtonName(row), {x, Centred(kButton), kButton, kButton});
     button->setIconSize({kButtonIcon, kButtonIcon});
-    button->setEnabled(row.built);
+    button->setEnabled(false);
+    if (row.built) {
+      if (!row.key.empty()) {
+        button->setAccessibleDescription("Key: " + ToText(row.key));
+      }
+      connect(button, &QToolButton::clicked, this, [this, row] { Q_EMIT transportRequested(row.tipId); });
+      transportButtons[row.tipId] = button;
+    }
     tips->Watch(button, row.tipId);
     x += kButton + 2;
   }
@@ -65,13 +68,16 @@ void TopStrip::CreateTransport(ToolTipWindow* tips) {
 // Start, a step left, the scroller, a step right, end; then the counter.
 void TopStrip::CreatePosition() {
   int x = buttons.last()->geometry().right() + kGap;
-  const auto Place = [this, &x](ScrollCode code) {
+  const auto Add = [this, &x](ScrollCode code) {
     for (const PositionButton& row : PositionButtons()) {
       if (row.code != code) {
         continue;
       }
-      QToolButton* button =
-          CreateButton(row.icon, row.name, {x, Centred(kPositionButton), kPositionButton, kPositionButton});
+      auto* button = new QToolButton(this);
+      button->setObjectName("ZoomButton");
+      button->setFocusPolicy(Qt::NoFocus);
+      button->setAutoRaise(true);
+      Place(*button, row.icon, row.name, {x, Centred(kPositionButton), kPositionButton, kPositionButton});
       button->setIconSize({kPositionIcon, kPositionIcon});
       button->setToolTip(ToText(row.name));
       button->setAutoRepeat(code == ScrollCode::LineLeft || code == ScrollCode::LineRight);
@@ -81,12 +87,12 @@ void TopStrip::CreatePosition() {
       x += kPositionButton + 2;
     }
   };
-  Place(ScrollCode::LeftEnd);
-  Place(ScrollCode::LineLeft);
+  Add(ScrollCode::LeftEnd);
+  Add(ScrollCode::LineLeft);
   scroller->move(x + 2, Centred(scroller->height()));
   x += scroller->width() + 6;
-  Place(ScrollCode::LineRight);
-  Place(ScrollCode::RightEnd);
+  Add(ScrollCode::LineRight);
+  Add(ScrollCode::RightEnd);
   connect(scroller, &ScrollerWindow::scrollRequested, this, &TopStrip::scrollRequested);
   counter->move(x + kGap, Centred(counter->height()));
 }
@@ -95,6 +101,14 @@ void TopStrip::EnablePosition(bool enabled) {
   scroller->setEnabled(enabled);
   for (QToolButton* button : positionButtons) {
     button->setEnabled(enabled);
+  }
+}
+
+void TopStrip::ShowTransport(const StripContext& context) {
+  for (auto it = transportButtons.cbegin(); it != transportButtons.cend(); ++it) {
+    const StripButtonState state = StripButtonStateOf(it.key(), context);
+    it.value()->setEnabled(state.enabled);
+    it.value()->SetPressed(state.down);
   }
 }
 

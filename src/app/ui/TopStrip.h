@@ -2,8 +2,10 @@
 // position counter.
 #pragma once
 
+#include <QHash>
 #include <QList>
 
+#include "app/StripState.h"
 #include "view/ui/GrayStatic.h"
 
 class QToolButton;
@@ -12,6 +14,7 @@ namespace tembrel {
 
 class CountWin;
 class ScrollerWindow;
+class ToggleButton;
 class ToolTipWindow;
 
 class TopStrip : public GrayStatic {
@@ -25,8 +28,12 @@ class TopStrip : public GrayStatic {
   ScrollerWindow* Scroller() { return scroller; }
   // Whether there is a document to scroll.
   void EnablePosition(bool enabled);
+  // Shows the transport's buttons as they stand, at once.
+  void ShowTransport(const StripContext& context);
 
  Q_SIGNALS:
+  // The transport's button with this tool tip was let go.
+  void transportRequested(int tipId);
   // A horizontal scroll request for the active document.
   void scrollRequested(int code, int value);
 
@@ -36,13 +43,14 @@ class TopStrip : public GrayStatic {
  private:
   void CreateTransport(ToolTipWindow* tips);
   void CreatePosition();
-  QToolButton* CreateButton(std::string_view icon, std::string_view name, const QRect& place);
+  void Place(QToolButton& button, std::string_view icon, std::string_view name, const QRect& place);
   void RefreshIcons();
 
   CountWin* counter;
   ScrollerWindow* scroller;
   QList<QToolButton*> buttons;
   QList<QToolButton*> positionButtons;
+  QHash<int, ToggleButton*> transportButtons;  // by their tool tips
 };
 
 }  // namespace tembrel

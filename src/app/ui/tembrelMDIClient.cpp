@@ -14,6 +14,7 @@
 #include "app/ProductInfo.h"
 #include "app/ui/HelpWindow.h"
 #include "app/ui/QtPrompts.h"
+#include "app/ui/TransportControl.h"
 #include "app/ui/WaitCursor.h"
 #include "device/RecordingSetup.h"
 #include "device/ui/DigitalAudioDialog.h"
@@ -42,7 +43,11 @@ tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore setti
       store(std::move(settingStore)),
       prompts(questions),
       sound(std::move(soundServices)),
-      audition(*sound.player, paths.tempFolder) {
+      audition(*sound.player, paths.tempFolder),
+      transport(std::make_unique<TransportControl>(
+          sound, settings, prompts,
+          TransportControl::Program{[this] { return ActiveDocument(); }, [this] { ShowRecordingSetup(); },
+                                    [this](const std::filesystem::path& path) { OpenDocument(path); }})) {
   setObjectName("tembrelMDIClient");
   setActivationOrder(QMdiArea::ActivationHistoryOrder);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -215,6 +220,12 @@ void tembrelMDIClient::Execute(CommandHandler handler, int id) {
     case CommandHandler::Website:
       QDesktopServices::openUrl(QUrl(QString::fromUtf8(kWebsite)));
       return;
+    case CommandHandler::Play:
+      return transport->Play();
+    case CommandHandler::PlayFromCursor:
+      return transport->PlayFromCursor();
+    case CommandHandler::PlayScreen:
+      return transport->PlayScreen();
     case CommandHandler::AudioSetup:
       return ShowRecordingSetup();
     case CommandHandler::About:
@@ -232,7 +243,10 @@ tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size)
         return CanClose(asking.Doc(), prompts, [this, &asking] { return SaveActiveOr(asking); });
       },
       this);
-  connect(child, &tembrelMDIChild::closing, this, &tembrelMDIClient::ChildClosing);
+  connect(child, &tembrelMDIChild::closing, this, [this, window] {
+    transport->DocumentClosing(window);
+    ChildClosing();
+  });
   Listen(window);
   ShowChild(child, size);
   return child;
@@ -255,7 +269,12 @@ void tembrelMDIClient::ShowChild(QMdiSubWindow* child, const QSize& size) {
 void tembrelMDIClient::Listen(AudioWin* window) {
   connect(window, &AudioWin::statusTextsChanged, this, &tembrelMDIClient::statusTextsChanged);
   connect(window, &AudioWin::counterChanged, this, &tembrelMDIClient::counterChanged);
-  connect(window, &AudioWin::scrollBarChanged, this, &tembrelMDIClient::positionChanged);
+  // A document that plays scrolls in the background too.
+  connect(window, &AudioWin::scrollBarChanged, this, [this, window](int percent) {
+    if (window == ActiveDocument()) {
+      Q_EMIT positionChanged(percent);
+    }
+  });
   connect(window, &AudioWin::edited, this, &tembrelMDIClient::stateChanged);
   connect(window, &AudioWin::refused, this, &tembrelMDIClient::Say);
   connect(window, &AudioWin::actionMenuOpening, this, &tembrelMDIClient::actionMenuOpening);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -28,6 +29,7 @@ namespace tembrel {
 class AudioWin;
 class FilterPreview;
 class SpectrumWin;
+class TransportControl;
 class tembrelMDIChild;
 struct AbandonedCopy;
 
@@ -67,6 +69,9 @@ class tembrelMDIClient : public QMdiArea {
 
   // The recording setup; what is chosen there with OK holds from then on.
   void ShowRecordingSetup();
+
+  // Plays, records and shows how that stands.
+  TransportControl& Transport() { return *transport; }
 
   // Asks every document whether it may close. True when all may; they then close without being asked again.
   bool AskAllToClose();
@@ -138,6 +143,7 @@ class tembrelMDIClient : public QMdiArea {
   QPointer<AudioWin> spectrumDocument;  // whose cursor the spectrum follows
   long documentCount = 0;
   long long lastHandle = 0;
+  std::unique_ptr<TransportControl> transport;  // goes first: it uses what stands above
 };
 
 }  // namespace tembrel

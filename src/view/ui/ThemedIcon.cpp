@@ -36,6 +36,8 @@ QIcon ThemedIcon(const QString& name, const QPalette& palette) {
     icon.addPixmap(Render(svg, palette.color(QPalette::Active, QPalette::ButtonText), size), QIcon::Normal);
     icon.addPixmap(Render(svg, palette.color(QPalette::Disabled, QPalette::ButtonText), size),
                    QIcon::Disabled);
+    icon.addPixmap(Render(svg, palette.color(QPalette::Active, QPalette::HighlightedText), size),
+                   QIcon::Normal, QIcon::On);
   }
   return icon;
 }

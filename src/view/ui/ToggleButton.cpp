@@ -1,0 +1,47 @@
+#include "view/ui/ToggleButton.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace tembrel {
+
+ToggleButton::ToggleButton(QWidget* parent) : QToolButton(parent) {
+  setObjectName("ToggleButton");
+  setCheckable(true);
+  setAutoRaise(true);
+  setFocusPolicy(Qt::TabFocus);
+}
+
+void ToggleButton::SetPressed(bool pressed) {
+  if (pressed != isChecked()) {
+    setChecked(pressed);
+    repaint();
+  }
+}
+
+void ToggleButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QToolButton::keyPressEvent(event);
+  } else if (!event->isAutoRepeat()) {
+    click();
+  }
+}
+
+// Styles draw a checked flat button hardly otherwise than a raised one: down, it has the colour of a selection.
+void ToggleButton::paintEvent(QPaintEvent* event) {
+  if (!isChecked()) {
+    QToolButton::paintEvent(event);
+    return;
+  }
+  constexpr double kCorner = 3.0;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(hasFocus() ? QPen(palette().color(QPalette::ButtonText), 1) : QPen(Qt::NoPen));
+  painter.setBrush(palette().brush(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Highlight));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+  QRect place(QPoint(), iconSize());
+  place.moveCenter(rect().center());
+  icon().paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled, QIcon::On);
+}
+
+}  // namespace tembrel

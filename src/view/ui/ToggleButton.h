@@ -1,0 +1,22 @@
+// A button that stays down for as long as the program says so: a click only asks. Enter presses it when it has the
+// keyboard; Space is left to whoever else wants it.
+#pragma once
+
+#include <QToolButton>
+
+namespace tembrel {
+
+class ToggleButton : public QToolButton {
+ public:
+  explicit ToggleButton(QWidget* parent);
+
+  // Shows it down or up at once.
+  void SetPressed(bool pressed);
+
+ protected:
+  void nextCheckState() override {}
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace tembrel
