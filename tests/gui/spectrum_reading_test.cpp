@@ -195,9 +195,28 @@ class SpectrumReadingTest : public QObject {
     Press(desk, Qt::Key_Home);
     QCOMPARE(desk.Window().View().MarkerBin(), 0);
     QCOMPARE(desk.Readout().Text(), "0 Hz, No Pitch");
-    // The mouse takes over.
+    // The mouse reads elsewhere and leaves the marker where it is.
     MoveMouse(desk, 50);
+    QVERIFY(desk.Readout().Text() != "0 Hz, No Pitch");
+    QVERIFY(MarkerPixels(desk) > 0);
+    Press(desk, Qt::Key_Escape);
     QVERIFY(desk.Shows(SpectrumDesk::SpectrumOf(document)));
+  }
+
+  void AMarkerLeftBehindIsNotSeen() {
+    SpectrumDesk desk;
+    desk.OpenSine("a.wav", 16, 440);
+    desk.OpenSpectrum();
+    Press(desk, Qt::Key_Right, 70);
+    desk.Bar().triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    QCOMPARE(desk.Window().View().MarkerBin(), 70);
+    QVERIFY(MarkerPixels(desk) > 0);
+    desk.Bar().triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    QCOMPARE(desk.Window().View().MarkerBin(), 128);
+    QCOMPARE(MarkerPixels(desk), 0);
+    Press(desk, Qt::Key_Right);
+    QCOMPARE(desk.Window().View().MarkerBin(), 129);
+    QVERIFY(MarkerPixels(desk) > 0);
   }
 
   void KeysAndWheelZoomAndScroll() {

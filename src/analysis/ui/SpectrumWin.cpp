@@ -193,27 +193,33 @@ void SpectrumWin::Repaint() {
   axis->update();
 }
 
-void SpectrumWin::RunZoom(int command) {
-  if (view.RunCommand(command)) {
+// A marker that was left behind is not seen again before it is moved or placed.
+void SpectrumWin::Change(const std::function<bool()>& change) {
+  const int marker = view.MarkerBin();
+  if (change()) {
+    if (view.MarkerBin() != marker) {
+      display->ShowMarker(false);
+    }
     Repaint();
   }
+}
+
+void SpectrumWin::RunZoom(int command) {
+  Change([&] { return view.RunCommand(command); });
 }
 
 void SpectrumWin::Scroll(SpectrumScroll code, std::uint32_t position) {
-  if (view.Scroll(code, position)) {
-    Repaint();
-  }
+  Change([&] { return view.Scroll(code, position); });
 }
 
-void SpectrumWin::Pick(double bin, bool atMarker) {
+void SpectrumWin::Pick(double bin) {
   readout->ShowPick(PickFrequency(spectrum.rate, bin, bands));
   setAccessibleDescription(readout->Text());
-  display->ShowMarker(atMarker);
 }
 
 void SpectrumWin::PickUnderMouse(double x) {
   if (const std::optional<float> bin = BinUnderPointer(x, display->width(), view)) {
-    Pick(*bin, false);
+    Pick(*bin);
   }
 }
 
@@ -221,7 +227,8 @@ void SpectrumWin::PickUnderMouse(double x) {
 void SpectrumWin::PlaceMarker(double x) {
   if (const std::optional<float> bin = BinUnderPointer(x, display->width(), view)) {
     view.PlaceMarker(static_cast<int>(*bin));
-    Pick(view.MarkerBin(), true);
+    Pick(view.MarkerBin());
+    display->ShowMarker(true);
   }
 }
 
@@ -229,7 +236,8 @@ bool SpectrumWin::MoveMarkerByKey(int key) {
   const std::optional<MarkerMove> move = MarkerMoveOf(key);
   if (move) {
     view.MoveMarker(*move);
-    Pick(view.MarkerBin(), true);
+    Pick(view.MarkerBin());
+    display->ShowMarker(true);
     Repaint();
   }
   return move.has_value();
@@ -242,6 +250,8 @@ void SpectrumWin::keyPressEvent(QKeyEvent* event) {
     OpenMenu(mapToGlobal(display->geometry().topLeft()));
   } else if (const int zoom = ZoomCommandOf(event->key())) {
     RunZoom(zoom);
+  } else if (event->key() == Qt::Key_Escape) {
+    display->ShowMarker(false);
   } else if (!MoveMarkerByKey(event->key())) {
     QWidget::keyPressEvent(event);
   }

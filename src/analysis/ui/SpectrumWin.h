@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 
 #include <QWidget>
 
@@ -70,7 +71,8 @@ class SpectrumWin : public QWidget {
   void Repaint();
   void RunZoom(int command);
   void Scroll(SpectrumScroll code, std::uint32_t position = 0);
-  void Pick(double bin, bool atMarker);
+  void Change(const std::function<bool()>& change);
+  void Pick(double bin);
   void PickUnderMouse(double x);
   void PlaceMarker(double x);
   bool MoveMarkerByKey(int key);
