@@ -125,7 +125,7 @@ EditResult Document::CheckEditable() const {
 }
 
 EditResult Document::Edit(const EditStep& step, const Progress& progress) {
-  if (!clip) {
+  if (!clip || editing) {
     return {};
   }
   EndPencil();
@@ -137,12 +137,17 @@ EditResult Document::Edit(const EditStep& step, const Progress& progress) {
     return result;
   }
   undo.Push(clip.get());
+  editing = true;
   ClipEditor editor(*clip, undo, memory, progress);
   if (step.change) {
     result = step.change(editor);
   }
   if (!result.done) {
     undo.TakeBackPush(editor);
+    editing = false;
+    if (progress || !editor.Changes().Empty()) {
+      TellListener(false);
+    }
     return result;
   }
   undo.KeepPush();
@@ -159,7 +164,7 @@ EditResult Document::Redo() {
 }
 
 EditResult Document::StepThroughHistory(bool (AudioUndo::*step)(ClipEditor&)) {
-  if (!clip) {
+  if (!clip || editing) {
     return {};
   }
   EndPencil();
@@ -188,8 +193,8 @@ EditResult Document::DrawPencil(const PencilArea& area, int x, int y) {
   ClipEditor editor(*clip, undo, memory);
   EditResult result = DrawWithPencil(editor, area, frameCount, x, y);
   pencilChanges.Add(editor.Changes());
-  if (listener != nullptr && !editor.Changes().Empty()) {
-    listener->SoundChanged(false);
+  if (!editor.Changes().Empty()) {
+    TellListener(false);
   }
   return result;
 }
@@ -216,8 +221,13 @@ void Document::Finish(const ClipChanges& changes, bool marksChanged, bool refres
   if (marksChanged && !changed) {
     SetChanged(true);
   }
+  editing = false;
+  TellListener(refreshesLengths);
+}
+
+void Document::TellListener(bool lengthsRefreshed) {
   if (listener != nullptr) {
-    listener->SoundChanged(refreshesLengths);
+    listener->SoundChanged(lengthsRefreshed);
   }
 }
 

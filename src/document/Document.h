@@ -56,6 +56,10 @@ class Document {
   std::filesystem::path TempFileName() const {
     return HasTempCopy() ? tempCopy->Path() : std::filesystem::path();
   }
+  // An edit is at work: what Clip() holds is half old, half new, and other threads may be writing it. Only
+  // its progress function sees this; whoever is called from there leaves the samples alone. A further edit,
+  // undo or redo is not done then.
+  bool Editing() const { return editing; }
   // Frames as the file's header tells them; after an edit that refreshes the lengths, as the clip has them.
   std::uint32_t FrameCount() const { return frameCount; }
   bool Stereo() const { return stereo; }
@@ -68,7 +72,7 @@ class Document {
   // when there is nothing to say.
   const std::string& Notice() const { return notice; }
 
-  // Told of every change of the sound; null for nobody. Outlives the document or is taken away before.
+  // Told after every edit; null for nobody. Outlives the document or is taken away before.
   void SetListener(DocumentListener* newListener) { listener = newListener; }
 
   // The edit frame. Runs the step: its check, the undo snapshot, its change; then lengths, temporary copy,
@@ -95,6 +99,7 @@ class Document {
   EditResult CheckEditable() const;
   void RefreshLengths();
   void Finish(const ClipChanges& changes, bool marksChanged, bool refreshesLengths);
+  void TellListener(bool lengthsRefreshed);
   void Clear();
   LoadOutcome MakeTempCopy(const AudioClip& sound, const Progress& progress);
 
@@ -111,6 +116,7 @@ class Document {
   bool stereo = false;
   bool changed = false;
   bool pencilDown = false;
+  bool editing = false;
   ClipChanges pencilChanges;  // since the press
 };
 

@@ -7,6 +7,7 @@ class DocumentListener {
  public:
   virtual ~DocumentListener() = default;
   // The sound was edited, undone or redone; clip, temporary copy and changed flag are already up to date.
+  // Told after a cancelled edit too: the sound is as it was, but what was looked at meanwhile was not.
   // `lengthsRefreshed`: frame count, stereo flag or format may have changed too, tell the texts anew.
   virtual void SoundChanged(bool lengthsRefreshed) = 0;
 

@@ -1,6 +1,7 @@
 // A document with sound, a listener that counts, and a check of its temporary copy.
 #pragma once
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -16,8 +17,14 @@ namespace tembrel::test {
 
 class CountingListener : public DocumentListener {
  public:
-  void SoundChanged(bool lengthsRefreshed) override { told.push_back(lengthsRefreshed); }
+  void SoundChanged(bool lengthsRefreshed) override {
+    told.push_back(lengthsRefreshed);
+    if (onTold) {
+      onTold();
+    }
+  }
   std::vector<bool> told;
+  std::function<void()> onTold;
 };
 
 class EditTest : public DocumentTest {

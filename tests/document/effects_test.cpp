@@ -9,7 +9,6 @@ namespace {
 
 using test::Bytes;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 const WaveFormat kStereo16 = PcmFormat(44100, 16, 2);
 
@@ -36,11 +35,16 @@ TEST_F(EffectsOnDocuments, LeaveNoTraceWhenTheyAreCancelled) {
     const auto document = Open(kStereo16, bytes);
     const Bytes copy = test::ReadBytes(document->TempFileName());
     bool asked = false;
-    const EditResult result = document->Edit(row.make({400, 36000}, {300, 4, {22050, 8, 2}}),
-                                             [&asked](std::uint64_t, std::uint64_t) {
-                                               asked = true;
-                                               return false;
-                                             });
+    listener.onTold = [&] {
+      EXPECT_FALSE(document->Editing());
+      EXPECT_EQ(ContentOf(*document), bytes) << row.word;
+    };
+    const EditResult result =
+        document->Edit(row.make({400, 36000}, {300, 4, {22050, 8, 2}}), [&](std::uint64_t, std::uint64_t) {
+          asked = true;
+          EXPECT_TRUE(document->Editing()) << row.word;
+          return false;
+        });
     EXPECT_TRUE(asked) << row.word;
     EXPECT_FALSE(result.done) << row.word;
     EXPECT_EQ(result.message, "");
@@ -48,7 +52,8 @@ TEST_F(EffectsOnDocuments, LeaveNoTraceWhenTheyAreCancelled) {
     EXPECT_FALSE(document->Changed());
     EXPECT_FALSE(document->CanUndo());
     EXPECT_FALSE(document->CanRedo());
-    EXPECT_THAT(listener.told, IsEmpty());
+    EXPECT_THAT(listener.told, ElementsAre(false)) << row.word << ": what was painted meanwhile stays";
+    listener.onTold = {};
     EXPECT_EQ(test::ReadBytes(document->TempFileName()), copy);
   }
 }

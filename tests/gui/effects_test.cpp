@@ -4,6 +4,7 @@
 
 #include "dialogs/ui/SliderDialog.h"
 #include "tests/gui/support/Desk.h"
+#include "tests/gui/support/ExpectedView.h"
 #include "tests/gui/support/GuiMain.h"
 #include "view/ActionMenu.h"
 
@@ -83,6 +84,37 @@ class EffectsTest : public QObject {
     QVERIFY(!window.Doc().CanUndo());
     QVERIFY(window.Doc().CanRedo());
     QVERIFY(desk.prompts.errors.empty());
+  }
+
+  void WhileAnEffectRunsTheOldPictureStaysAndAfterCancelItIsRight() {
+    Desk desk;
+    AudioWin& window = desk.OpenWave("song.wav", 600000);
+    const auto before = BytesOf(window.Doc());
+    QImage shownBefore;
+    QImage shownMeanwhile;
+    QSize sizeMeanwhile;
+    desk.prompts.filterAnswer = 5;
+    desk.prompts.onProgress = [&](std::uint64_t, std::uint64_t) {
+      if (BytesOf(window.Doc()) == before) {
+        shownBefore = OnScreen(desk.View());
+        return true;
+      }
+      // Another part of the sound would be shown, were it not just being written.
+      desk.View().View().ZoomIn();
+      shownMeanwhile = OnScreen(desk.View());
+      desk.Frame().resize(900, 700);
+      desk.ActiveChild()->showMaximized();
+      sizeMeanwhile = OnScreen(desk.View()).size();
+      return false;
+    };
+    ChooseAction(desk, 0, 600000, kActionFilter);
+    QTRY_VERIFY(!sizeMeanwhile.isEmpty());
+    QVERIFY(sizeMeanwhile != shownBefore.size());
+    QVERIFY(shownMeanwhile == shownBefore);
+    QVERIFY(BytesOf(window.Doc()) == before);
+    QVERIFY(!window.Doc().Editing());
+    const QImage after = OnScreen(desk.View());
+    QCOMPARE(DifferingColumns(after, ExpectedView(window, after.size())), QList<int>());
   }
 
   void TheFiltersWithoutAMenuEntryAnswerTheirCommands() {

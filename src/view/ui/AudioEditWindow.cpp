@@ -173,6 +173,10 @@ void AudioEditWindow::KeepPicture(const PaintArea& area) {
   if (wanted == pictureKey) {
     return;
   }
+  if (document.Editing()) {
+    StretchPicture(area);
+    return;
+  }
   if (picture.size() != QSize(area.width, area.height)) {
     picture = QImage(area.width, area.height, QImage::Format_RGB32);
   }
@@ -181,6 +185,20 @@ void AudioEditWindow::KeepPicture(const PaintArea& area) {
   if (!picture.isNull()) {
     PaintPicture(RasterOf(picture), document.Clip(), area, wanted.first, wanted.framesOnScreen);
   }
+}
+
+// While the sound is being written the last picture has to do. It is no one's key, so that the next paint
+// after the edit makes a new one.
+void AudioEditWindow::StretchPicture(const PaintArea& area) {
+  const QSize size(area.width, area.height);
+  if (Shown().size() != size && !size.isEmpty()) {
+    scrolledPicture = picture.scaled(size);
+    if (scrolledPicture.isNull()) {
+      scrolledPicture = QImage(size, QImage::Format_RGB32);
+      scrolledPicture.fill(kPaperColor);
+    }
+  }
+  pictureKey = {.area = area};
 }
 
 // Only the part inside `dirty`, device pixels: a drag invalidates a few columns of a wide strip.
@@ -411,7 +429,7 @@ PencilArea AudioEditWindow::AreaOfPencil() const {
 }
 
 bool AudioEditWindow::PencilHit(int x, int y, std::int64_t /*frame*/) {
-  return document.Editable() &&
+  return document.Editable() && !document.Editing() &&
          PencilTouches(*document.Clip(), AreaOfPencil(), parentWidget()->width(), x, y);
 }
 

@@ -106,6 +106,7 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   };
   const QImage& Shown() const { return scrolledPicture.isNull() ? picture : scrolledPicture; }
   void KeepPicture(const PaintArea& area);
+  void StretchPicture(const PaintArea& area);
   void PaintSelection(QPainter& painter, const QRect& dirty);
   void EndActionMenu();
   void PaintCursor(QPainter& painter);
@@ -117,7 +118,7 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   Document& document;
   EditView view;
   QImage picture;          // paper, grid and waveform in device pixels, as pictureKey tells
-  QImage scrolledPicture;  // the same moved up or down; null when it is not
+  QImage scrolledPicture;  // the same moved up or down, or stretched; null when it is not
   PictureKey pictureKey;
   int chosenAction = 0;             // what the open action menu was closed with; 0 for nothing
   std::uint64_t soundRevision = 0;  // counts the changes of the sound
