@@ -2,10 +2,11 @@
 // meanwhile.
 #include <QObject>
 
-#include "app/CommandTable.h"
+#include "app/ui/TransportControl.h"
 #include "tests/gui/support/ActionMenu.h"
 #include "tests/gui/support/GuiMain.h"
 #include "tests/gui/support/SpectrumDesk.h"
+#include "view/StripButtons.h"
 
 namespace tembrel::test {
 
@@ -169,6 +170,28 @@ class SpectrumWindowTest : public QObject {
     QTest::mouseClick(document.EditWindow(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 20));
     QVERIFY(ViewOf(document).CursorFrame() > 5000);
     QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(document).bins);
+  }
+
+  void PlayingIsFollowedAndCanBeStoppedWhileItIsActive() {
+    SpectrumDesk desk;
+    AudioWin& document = desk.OpenWave("a.wav", 44100 * 60, 16, 1);
+    ViewOf(document).Show(0, 44100 * 60);
+    desk.OpenSpectrum();
+    const SpectrumBins start = desk.Window().Shown().bins;
+    desk.Client().setActiveSubWindow(desk.Children().at(0));
+    desk.Run(kCommandPlay);
+    QVERIFY(desk.Client().Transport().Playing());
+    desk.Client().setActiveSubWindow(&desk.Child());
+    int moves = 0;
+    connect(document.EditWindow(), &AudioEditWindow::cursorMoved, this, [&moves] { ++moves; });
+    QTRY_VERIFY(moves >= 3);
+    QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(document).bins);
+    QVERIFY(desk.Window().Shown().bins != start);
+    desk.Client().Transport().Press(kStripStop);
+    QVERIFY(!desk.Client().Transport().Playing());
+    QVERIFY(ViewOf(document).CursorFrame() > 0);
+    desk.Client().Transport().Press(kStripPlay);  // no document is active
+    QVERIFY(!desk.Client().Transport().Playing());
   }
 
   void WithoutFollowingItStandsAsComputedUntilFollowingIsOnAgain() {
