@@ -1,4 +1,6 @@
 // Effects and the format conversion from the window: asked for, done, undone, stopped.
+#include <algorithm>
+
 #include <QObject>
 #include <QTimer>
 
@@ -15,6 +17,10 @@ namespace {
 std::vector<std::byte> BytesOf(const Document& document) {
   const auto bytes = document.Clip()->Bytes();
   return {bytes.begin(), bytes.end()};
+}
+
+bool Holds(const Document& document, const std::vector<std::byte>& bytes) {
+  return std::ranges::equal(document.Clip()->Bytes(), bytes);
 }
 
 class EffectsTest : public QObject {
@@ -48,12 +54,12 @@ class EffectsTest : public QObject {
       AudioWin& window = desk.OpenWave("song.wav", 20000);
       const auto before = BytesOf(window.Doc());
       ChooseAction(desk, 1000, 19000, id);
-      QTRY_VERIFY2(BytesOf(window.Doc()) != before, qPrintable(QString::number(id)));
+      QTRY_VERIFY2(!Holds(window.Doc(), before), qPrintable(QString::number(id)));
       QVERIFY(window.Doc().Changed());
       QVERIFY(desk.prompts.errors.empty());
       QVERIFY(desk.Command(kCommandUndo)->isEnabled());
       desk.Run(kCommandUndo);
-      QCOMPARE(BytesOf(window.Doc()), before);
+      QVERIFY(Holds(window.Doc(), before));
     }
   }
 
@@ -63,7 +69,7 @@ class EffectsTest : public QObject {
     const auto before = BytesOf(window.Doc());
     ChooseAction(desk, 0, 1000, kActionAmplify);
     QTRY_COMPARE(desk.prompts.parametersAsked, std::vector<std::string>{"amplify 100"});
-    QVERIFY(BytesOf(window.Doc()) == before);
+    QVERIFY(Holds(window.Doc(), before));
     QVERIFY(!window.Doc().Changed());
     QVERIFY(!window.Doc().CanUndo());
   }
@@ -80,7 +86,7 @@ class EffectsTest : public QObject {
     desk.prompts.filterAnswer = 0;
     ChooseAction(desk, 0, 400000, kActionFilter);
     QTRY_VERIFY(!desk.prompts.parametersAsked.empty());
-    QVERIFY(BytesOf(window.Doc()) == before);
+    QVERIFY(Holds(window.Doc(), before));
     QVERIFY(!window.Doc().CanUndo());
     QVERIFY(window.Doc().CanRedo());
     QVERIFY(desk.prompts.errors.empty());
@@ -89,13 +95,15 @@ class EffectsTest : public QObject {
   void WhileAnEffectRunsTheOldPictureStaysAndAfterCancelItIsRight() {
     Desk desk;
     AudioWin& window = desk.OpenWave("song.wav", 600000);
+    ChooseAction(desk, 0, 300000, kActionSilence);
+    QTRY_VERIFY(window.Doc().CanUndo());
     const auto before = BytesOf(window.Doc());
     QImage shownBefore;
     QImage shownMeanwhile;
     QSize sizeMeanwhile;
     desk.prompts.filterAnswer = 5;
     desk.prompts.onProgress = [&](std::uint64_t, std::uint64_t) {
-      if (BytesOf(window.Doc()) == before) {
+      if (Holds(window.Doc(), before)) {
         shownBefore = OnScreen(desk.View());
         return true;
       }
@@ -111,7 +119,7 @@ class EffectsTest : public QObject {
     QTRY_VERIFY(!sizeMeanwhile.isEmpty());
     QVERIFY(sizeMeanwhile != shownBefore.size());
     QVERIFY(shownMeanwhile == shownBefore);
-    QVERIFY(BytesOf(window.Doc()) == before);
+    QVERIFY(Holds(window.Doc(), before));
     QVERIFY(!window.Doc().Editing());
     const QImage after = OnScreen(desk.View());
     QCOMPARE(DifferingColumns(after, ExpectedView(window, after.size())), QList<int>());
@@ -124,7 +132,7 @@ class EffectsTest : public QObject {
       const auto before = BytesOf(window.Doc());
       ChooseAction(desk, 0, 20000, 0);
       desk.Client().RunCommand(id);
-      QVERIFY2(BytesOf(window.Doc()) != before, qPrintable(QString::number(id)));
+      QVERIFY2(!Holds(window.Doc(), before), qPrintable(QString::number(id)));
     }
   }
 
