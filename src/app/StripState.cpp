@@ -14,7 +14,7 @@ StripButtonState StripButtonStateOf(int tipId, const StripContext& context) {
     case kStripPause:
       return {running, context.down.pause};
     case kStripStop:
-      return {running, false};
+      return {running || context.auditioning, false};
     case kStripRecord:
       return {true, context.down.record};
     default:

@@ -9,7 +9,8 @@ struct StripContext {
   TransportButtons down = {};
   bool playing = false;
   bool recording = false;
-  bool canPlay = false;  // there is an active document to play
+  bool canPlay = false;      // there is an active document to play
+  bool auditioning = false;  // a selection is heard for itself
 };
 
 struct StripButtonState {

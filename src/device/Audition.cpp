@@ -24,6 +24,12 @@ std::span<const std::byte> Stretch(const AudioClip& clip, std::int64_t fromByte,
   return clip.Bytes().subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
 }
 
+std::int64_t Milliseconds(const WaveFormat& format, std::size_t bytes) {
+  constexpr std::uint64_t kInASecond = 1000;
+  const std::uint64_t bytesASecond = std::uint64_t{format.nSamplesPerSec} * format.nBlockAlign;
+  return bytesASecond == 0 ? 0 : static_cast<std::int64_t>(bytes * kInASecond / bytesASecond);
+}
+
 // A file that is removed with the object.
 class ScratchFile {
  public:
@@ -93,27 +99,27 @@ AuditionResult Audition::Play(const AudioClip& clip, std::int64_t fromByte, std:
                               const Progress& progress) {
   const WaveFormat& format = clip.format;
   if (!HasPackedFrames(format)) {
-    return {false, false, kUnplayable};  // the file would hold other sound
+    return {.ok = false, .cancelled = false, .message = kUnplayable};  // the file would hold other sound
   }
+  const std::span<const std::byte> stretch = Stretch(clip, fromByte, toByte);
   std::string reason;
   for (const std::filesystem::path& place : Places(spareFolder)) {
     std::optional<ScratchFile> file = ScratchFile::CreateNew(place, reason);
     if (!file) {
       continue;
     }
-    const WriteResult written =
-        WriteWaveTo(file->Output(), Stretch(clip, fromByte, toByte), format.nSamplesPerSec,
-                    format.wBitsPerSample, format.nChannels, progress);
+    const WriteResult written = WriteWaveTo(file->Output(), stretch, format.nSamplesPerSec,
+                                            format.wBitsPerSample, format.nChannels, progress);
     if (written.cancelled) {
-      return {false, true, {}};
+      return {.ok = false, .cancelled = true, .message = {}};
     }
     reason = written.reason;
     if (written.ok && file->Output().Close(reason)) {
       const bool plays = player.Play(file->Path(), looping);
-      return {plays, false, plays ? "" : kUnplayable};
+      return {plays, false, plays ? "" : kUnplayable, Milliseconds(format, stretch.size())};
     }
   }
-  return {false, false, "The sound cannot be played: " + reason + "."};
+  return {.ok = false, .cancelled = false, .message = "The sound cannot be played: " + reason + "."};
 }
 
 }  // namespace tembrel

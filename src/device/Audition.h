@@ -14,8 +14,9 @@ namespace tembrel {
 
 struct AuditionResult {
   bool ok = false;
-  bool cancelled = false;  // the progress function said so
-  std::string message;     // of a failure, for the user
+  bool cancelled = false;         // the progress function said so
+  std::string message;            // of a failure, for the user
+  std::int64_t milliseconds = 0;  // how long the sound lasts that plays now
 };
 
 class Audition {

@@ -38,6 +38,13 @@ TEST(StripState, PlayingCanBeStoppedByPlayToo) {
   EXPECT_EQ(StripButtonStateOf(kStripPlay, context), kDown);
 }
 
+TEST(StripState, ASelectionThatIsHeardCanBeStopped) {
+  const StripContext context{.canPlay = true, .auditioning = true};
+  EXPECT_EQ(StripButtonStateOf(kStripStop, context), kUseful);
+  EXPECT_EQ(StripButtonStateOf(kStripPause, context), kUseless);
+  EXPECT_EQ(StripButtonStateOf(kStripPlay, context), kUseful);
+}
+
 TEST(StripState, PauseIsDownWhileItPauses) {
   const StripContext context{.down = {.play = true, .pause = true}, .playing = true, .canPlay = true};
   EXPECT_EQ(StripButtonStateOf(kStripPause, context), kDown);

@@ -57,6 +57,15 @@ TEST_F(Auditions, PlayTheBytesAsAWaveFileOfTheClipsFormat) {
   }
 }
 
+TEST_F(Auditions, TellHowLongTheSoundLasts) {
+  Audition audition(player, temp);
+  const AudioClip mono8 = ClipOf(kLayouts[0], CountingBytes(22050));
+  EXPECT_EQ(audition.AuditionOnce(mono8, 0, 22050).milliseconds, 1000);
+  EXPECT_EQ(audition.AuditionOnce(mono8, 22000, 90000).milliseconds, 2);
+  const AudioClip stereo16 = ClipOf(kLayouts[3], CountingBytes(176400 / 2));
+  EXPECT_EQ(audition.AuditionOnce(stereo16, 0, 176400).milliseconds, 500);
+}
+
 TEST_F(Auditions, LoopWhenAskedTo) {
   const AudioClip clip = ClipOf(kLayouts[0], CountingBytes(40));
   EXPECT_TRUE(Audition(player, temp).AuditionLoop(clip, 0, 40).ok);

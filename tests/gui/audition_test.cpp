@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <memory>
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QObject>
 #include <QPushButton>
@@ -37,6 +38,15 @@ class AuditionTest : public QObject {
     };
   }
 
+  static QAbstractButton& StopButton(Desk& desk) {
+    for (auto* button : desk.Frame().findChildren<QAbstractButton*>()) {
+      if (button->accessibleName() == "Stop") {
+        return *button;
+      }
+    }
+    qFatal("no Stop button");
+  }
+
   // Selects the frames and chooses the entry in the action menu.
   static void ChooseAction(Desk& desk, std::int64_t first, std::int64_t end, int id) {
     QVERIFY(WithActionMenu(
@@ -61,6 +71,51 @@ class AuditionTest : public QObject {
     QVERIFY(!window.Doc().Changed());
     QVERIFY(!window.Doc().CanUndo());
     QVERIFY(desk.prompts.errors.empty());
+  }
+
+  void TheStopButtonEndsTheSelectionThatIsHeard() {
+    Desk desk(Desk::Asks::ByScript, Services());
+    desk.OpenWave("song.wav", 20 * kRate, 16, 1, kRate);
+    QVERIFY(!StopButton(desk).isEnabled());
+    ChooseAction(desk, 0, 20 * kRate, kActionPlay);
+    QTRY_VERIFY(StopButton(desk).isEnabled());
+    QCOMPARE(log.stops, 0);
+    QTest::mouseClick(&StopButton(desk), Qt::LeftButton);
+    QCOMPARE(log.stops, 1);
+    QVERIFY(!StopButton(desk).isEnabled());
+  }
+
+  void TheStopButtonRestsWhenTheSelectionIsOver() {
+    Desk desk(Desk::Asks::ByScript, Services());
+    desk.OpenWave("song.wav", kRate, 16, 1, kRate);
+    ChooseAction(desk, 0, kRate, kActionPlay);
+    QVERIFY(StopButton(desk).isEnabled());
+    QTRY_VERIFY(!StopButton(desk).isEnabled());
+    QCOMPARE(log.stops, 0);
+  }
+
+  void PlayingTheDocumentEndsTheSelectionThatIsHeard() {
+    Desk desk(Desk::Asks::ByScript, Services());
+    desk.OpenWave("song.wav", 20 * kRate, 16, 1, kRate);
+    ChooseAction(desk, 0, 20 * kRate, kActionPlay);
+    QTRY_VERIFY(desk.Client().Auditioning());
+    desk.Run(kCommandPlay);
+    QCOMPARE(log.stops, 1);
+    QVERIFY(!desk.Client().Auditioning());
+    desk.Run(kCommandPlay);
+  }
+
+  void TheSelectionThatIsHeardEndsWithItsDocumentOnly() {
+    Desk desk(Desk::Asks::ByScript, Services());
+    desk.OpenWave("a.wav", 20 * kRate, 16, 1, kRate);
+    ChooseAction(desk, 0, 20 * kRate, kActionPlay);
+    QTRY_VERIFY(desk.Client().Auditioning());
+    desk.OpenWave("b.wav");
+    desk.Run(kCommandClose);
+    QVERIFY(desk.Client().Auditioning());
+    desk.Run(kCommandClose);
+    QVERIFY(!desk.Client().Auditioning());
+    QCOMPARE(log.stops, 1);
   }
 
   void SoundThatCanOnlyBeLookedAtIsPlayedToo() {

@@ -31,6 +31,7 @@
 #include "app/ui/VAboutDialog.h"
 #include "app/ui/tembrelMDIClient.h"
 #include "document/ui/AudioWin.h"
+#include "view/StripButtons.h"
 #include "view/ui/CountWin.h"
 #include "view/ui/ScrollerWindow.h"
 #include "view/ui/ToolTipWindow.h"
@@ -184,6 +185,12 @@ void TMainWindow::ConnectTransport() {
   recordingGadget->hide();
   TransportControl& transport = client->Transport();
   connect(strip, &TopStrip::transportRequested, &transport, &TransportControl::Press);
+  connect(strip, &TopStrip::transportRequested, client, [this](int tipId) {
+    if (tipId == kStripStop) {
+      client->EndAudition();
+    }
+  });
+  connect(client, &tembrelMDIClient::auditionChanged, this, &TMainWindow::ShowTransport);
   connect(&transport, &TransportControl::changed, this, &TMainWindow::ShowTransport);
   connect(&transport, &TransportControl::silentChanged, silentNotice, &QWidget::setVisible);
   connect(&transport, &TransportControl::recordingStarted, recordingGadget, &RecordingGadget::Start);
@@ -193,7 +200,9 @@ void TMainWindow::ConnectTransport() {
 }
 
 void TMainWindow::ShowTransport() {
-  strip->ShowTransport(client->Transport().Strip());
+  StripContext context = client->Transport().Strip();
+  context.auditioning = client->Auditioning();
+  strip->ShowTransport(context);
 }
 
 void TMainWindow::RebuildRecentFiles() {

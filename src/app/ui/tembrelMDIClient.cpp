@@ -52,6 +52,14 @@ tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore setti
   setActivationOrder(QMdiArea::ActivationHistoryOrder);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  auditionEnd.setSingleShot(true);
+  connect(&auditionEnd, &QTimer::timeout, this, &tembrelMDIClient::auditionChanged);
+  // One thing is heard at a time, and a recording hears none.
+  connect(transport.get(), &TransportControl::changed, this, [this] {
+    if (transport->Playing() || transport->Recording()) {
+      EndAudition();
+    }
+  });
   connect(this, &QMdiArea::subWindowActivated, this, [this] {
     ShowActiveState();
     Q_EMIT stateChanged();
@@ -245,6 +253,9 @@ tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size)
       this);
   connect(child, &tembrelMDIChild::closing, this, [this, window] {
     transport->DocumentClosing(window);
+    if (window == auditioned) {
+      EndAudition();
+    }
     ChildClosing();
   });
   Listen(window);

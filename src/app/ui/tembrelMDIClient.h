@@ -9,6 +9,7 @@
 
 #include <QMdiArea>
 #include <QPointer>
+#include <QTimer>
 
 #include "app/CommandTable.h"
 #include "app/RecentFiles.h"
@@ -70,6 +71,10 @@ class tembrelMDIClient : public QMdiArea {
   // The recording setup; what is chosen there with OK holds from then on.
   void ShowRecordingSetup();
 
+  // A selection is heard for itself.
+  bool Auditioning() const { return auditionEnd.isActive(); }
+  void EndAudition();
+
   // Plays, records and shows how that stands.
   TransportControl& Transport() { return *transport; }
 
@@ -85,6 +90,7 @@ class tembrelMDIClient : public QMdiArea {
   void counterChanged(qint64 frame, qint64 rate);
   // The active document's horizontal scroll position, 0 to 100.
   void positionChanged(int percent);
+  void auditionChanged();
   void actionMenuOpening();
   void actionMenuClosed();
   void exitRequested();
@@ -134,6 +140,8 @@ class tembrelMDIClient : public QMdiArea {
   Prompts& prompts;
   SoundServices sound;
   Audition audition;
+  QTimer auditionEnd;             // runs as long as the selection that is heard
+  QPointer<AudioWin> auditioned;  // whose selection that is
   Settings settings;
   bool loaded = false;  // the settings are those of the file
   RecentFiles recentFiles;

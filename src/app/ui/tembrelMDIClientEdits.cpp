@@ -1,4 +1,8 @@
 // How the client runs edits and effects on the active document.
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+
 #include "app/CommandIds.h"
 #include "app/ui/WaitCursor.h"
 #include "app/ui/tembrelMDIClient.h"
@@ -122,6 +126,7 @@ std::optional<EffectParameters> tembrelMDIClient::AskParameters(const AudioClip&
 }
 
 void tembrelMDIClient::PlayPreview(FilterPreview& preview, int preset) {
+  EndAudition();
   std::string message;
   {
     const WaitCursor waiting;
@@ -149,6 +154,19 @@ void tembrelMDIClient::PlaySelection(AudioWin& window, const ByteRange& selectio
   }
   if (!result.message.empty()) {
     prompts.Error(result.message);
+  }
+  if (result.ok) {
+    auditioned = &window;
+    auditionEnd.start(static_cast<int>(std::min<std::int64_t>(result.milliseconds, INT_MAX)));
+    Q_EMIT auditionChanged();
+  }
+}
+
+void tembrelMDIClient::EndAudition() {
+  if (Auditioning()) {
+    auditionEnd.stop();
+    audition.Stop();
+    Q_EMIT auditionChanged();
   }
 }
 
