@@ -227,13 +227,13 @@ void Transport::PrepareMixer() {
 }
 
 void Transport::OnMeter() {
-  if (!recording || asking) {
+  if (!recording) {
     return;
   }
   const RecordingState state = device.AskRecording();
   host.ShowRecording(state);
-  if (state.failure == kDeviceSuccess) {
-    return;
+  if (state.failure == kDeviceSuccess || asking) {
+    return;  // a failure is still there when the question is answered
   }
   host.StopMeter();
   {

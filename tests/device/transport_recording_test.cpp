@@ -320,6 +320,37 @@ TEST_F(TransportRecording, CancelLetsItRunOn) {
   EXPECT_TRUE(host.metering);
 }
 
+TEST_F(TransportRecording, TheMeterRunsWhileItIsAskedAndAFailureWaits) {
+  StartRecording();
+  device.state.failure = 7;
+  prompts.onQuestion = [this] {
+    transport.OnMeter();
+    EXPECT_EQ(host.shown.size(), 1U);
+    EXPECT_TRUE(transport.Recording());
+    EXPECT_THAT(prompts.errors, IsEmpty());
+  };
+  EXPECT_FALSE(transport.MayEnd());
+  transport.OnMeter();
+  EXPECT_EQ(prompts.errors.size(), 1U);
+  EXPECT_FALSE(transport.Recording());
+}
+
+TEST_F(TransportRecording, NothingElseBeginsWhileANameIsAsked) {
+  StartRecording();
+  prompts.onQuestion = [this] {
+    const std::vector<std::string> before = device.calls;
+    transport.Stop();
+    transport.Record();
+    transport.Play();
+    EXPECT_FALSE(transport.MayEnd());
+    EXPECT_EQ(device.calls, before);
+  };
+  AnswerName("take.mp3");
+  transport.Stop();
+  EXPECT_EQ(prompts.questions.size(), 1U);
+  EXPECT_FALSE(transport.Recording());
+}
+
 TEST_F(TransportRecording, YesSavesItBeforeTheEnd) {
   StartRecording();
   AnswerName("take.wav");

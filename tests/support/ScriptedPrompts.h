@@ -22,6 +22,7 @@ class ScriptedPrompts : public Prompts {
   std::vector<FileFilter> filtersShown;
   std::filesystem::path startShown;
   std::deque<Answer> answers;  // an unexpected question is answered No (Cancel where there is one)
+  std::function<void()> onQuestion = [] {};  // while a question is open
   std::optional<std::filesystem::path> openPath;
   std::optional<SaveChoice> saveChoice;
   std::optional<int> amplifyAnswer;
@@ -92,6 +93,7 @@ class ScriptedPrompts : public Prompts {
   };
 
   Answer Next(Answer otherwise) {
+    onQuestion();
     if (answers.empty()) {
       return otherwise;
     }
