@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include <QApplication>
@@ -18,9 +19,14 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include "app/ui/PlayedWindow.h"
 #include "audio/ProgramPaths.h"
+#include "device/Transport.h"
 #include "document/ui/AudioWin.h"
+#include "tests/support/FakeMixer.h"
+#include "tests/support/FakeTransport.h"
 #include "tests/support/ScratchFolder.h"
+#include "tests/support/ScriptedPrompts.h"
 #include "view/WaveLines.h"
 #include "view/ui/AudioEditWindow.h"
 
@@ -89,6 +95,19 @@ class PaintWatch : public QObject {
     painted = painted || event->type() == QEvent::Paint;
     return false;
   }
+};
+
+// Plays what the window shows, on a clock and a device that are not there.
+class WindowHost : public test::FakeTransportHost {
+ public:
+  explicit WindowHost(AudioWin& audioWin) : window(audioWin) {}
+
+  std::unique_ptr<PlayedDocument> ActiveDocument() override {
+    return std::make_unique<PlayedWindow>(&window);
+  }
+
+ private:
+  AudioWin& window;
 };
 
 class Bench {
@@ -201,7 +220,24 @@ class Bench {
           rules.SetCursorPosition(rules.FirstVisibleFrame() + (i % 2 == 0 ? shown / 4 : shown * 3 / 4),
                                   false);
         });
+    Ticks("10 s: a tick of playing");
     Drag("10 s: drag-select, 10 pixels", "10 s: drag-select, across the screen");
+  }
+
+  // Ticks far enough apart for the cursor to be in another column every time.
+  void Ticks(const char* what) {
+    test::FakeAudioDevice device;
+    test::FakeMixer mixer;
+    test::ManualClock clock;
+    const Settings settings;
+    test::ScriptedPrompts prompts;
+    WindowHost host(window);
+    Transport transport(device, mixer, clock, settings, prompts, host);
+    transport.Play();
+    const std::int64_t column = view.View().FramesOnScreen() / view.width() + 1;
+    const auto step = static_cast<std::uint32_t>(column * 1000 / kRate + 1);
+    Report(
+        what, 1, [&](int) { clock.now += step; }, [&](int) { transport.OnTick(); });
   }
 
   // The selection grows by a few pixels a move, and jumps across the screen.
@@ -245,6 +281,7 @@ class Bench {
     QCoreApplication::processEvents();
     Report(
         "whole file: cursor, Right", 1, [](int) {}, [&](int) { Press(Qt::Key_Right, Qt::NoModifier); });
+    Ticks("whole file: a tick of playing");
     Drag("whole file: drag-select, 10 pixels", "whole file: drag-select, across the screen");
   }
 

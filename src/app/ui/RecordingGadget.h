@@ -1,5 +1,5 @@
-// What the status bar shows of a recording: its time, a level meter, and a clip light that stays on until it is
-// clicked or the next recording begins.
+// What the status bar shows of a recording: its time, a level meter, and a clip light that stays on until it
+// is clicked or the next recording begins.
 #pragma once
 
 #include <QWidget>

@@ -2,46 +2,12 @@
 
 #include <utility>
 
+#include "app/ui/PlayedWindow.h"
 #include "document/ui/AudioWin.h"
 #include "view/StripButtons.h"
 #include "view/ui/AudioEditWindow.h"
 
 namespace tembrel {
-
-namespace {
-
-// A document window as what the transport plays, also after it has closed.
-class PlayedWindow : public PlayedDocument {
- public:
-  explicit PlayedWindow(AudioWin* audioWindow) : window(audioWindow) {}
-
-  bool IsOpen() const override { return !window.isNull(); }
-  std::int64_t Frames() const override { return Clip() == nullptr ? 0 : Clip()->Frames(); }
-  // Without sound it is the rate that the view counts with.
-  std::uint32_t Rate() const override {
-    constexpr std::uint32_t kRateWithoutSound = 44100;
-    return Clip() == nullptr ? kRateWithoutSound : Clip()->format.nSamplesPerSec;
-  }
-  std::filesystem::path WorkingFile() const override {
-    return IsOpen() ? window->Doc().TempFileName() : std::filesystem::path();
-  }
-  std::int64_t FirstVisibleFrame() const override { return IsOpen() ? View().FirstVisibleFrame() : 0; }
-  std::int64_t FramesOnScreen() const override { return IsOpen() ? View().FramesOnScreen() : 0; }
-  std::int64_t CursorFrame() const override { return IsOpen() ? View().CursorFrame() : 0; }
-  void SetCursorPosition(std::int64_t frame, bool force) override {
-    if (IsOpen()) {
-      View().SetCursorPosition(frame, force);
-    }
-  }
-
- private:
-  const AudioClip* Clip() const { return IsOpen() ? window->Doc().Clip() : nullptr; }
-  EditView& View() const { return window->EditWindow()->View(); }
-
-  QPointer<AudioWin> window;
-};
-
-}  // namespace
 
 TransportControl::TransportControl(SoundServices& sound, const Settings& settings, Prompts& questions,
                                    Program theProgram)

@@ -1,5 +1,5 @@
-// The transport among the windows: its two timers, the active document's view as what it plays, and signals for
-// the strip and the status bar.
+// The transport among the windows: its two timers, the active document's view as what it plays, and signals
+// for the strip and the status bar.
 #pragma once
 
 #include <functional>

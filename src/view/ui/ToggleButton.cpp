@@ -27,7 +27,8 @@ void ToggleButton::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// Styles draw a checked flat button hardly otherwise than a raised one: down, it has the colour of a selection.
+// Styles draw a checked flat button hardly otherwise than a raised one: down, it has the colour of a
+// selection.
 void ToggleButton::paintEvent(QPaintEvent* event) {
   if (!isChecked()) {
     QToolButton::paintEvent(event);

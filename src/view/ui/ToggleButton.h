@@ -1,5 +1,5 @@
-// A button that stays down for as long as the program says so: a click only asks. Enter presses it when it has the
-// keyboard; Space is left to whoever else wants it.
+// A button that stays down for as long as the program says so: a click only asks. Enter presses it when it
+// has the keyboard; Space is left to whoever else wants it.
 #pragma once
 
 #include <QToolButton>
