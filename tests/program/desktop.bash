@@ -169,6 +169,22 @@ wait_for_waveform() {
   wait_until "a waveform" shows_colour "$waveBlue" 500
 }
 
+# Where the transport's buttons are in the main window, and the colour of one that is down.
+# shellcheck disable=SC2034
+playButton=(58 46) pauseButton=(92 46) stopButton=(126 46) recordButton=(160 46)
+downBlue=308CC6
+
+# is_down X Y, is_up X Y: how the transport's button there stands.
+is_down() {
+  window_picture "$scratch/look.png" &&
+    convert "$scratch/look.png" -crop "30x30+$(($1 - 15))+$(($2 - 15))" +repage "$scratch/button.png" &&
+    [ "$(count_colour "$scratch/button.png" "$downBlue")" -gt 300 ]
+}
+
+is_up() {
+  ! is_down "$@"
+}
+
 # maximise_document: by a double click on its title bar. Its name then stands in the main window's title.
 maximise_document() {
   click 300 80 2

@@ -6,21 +6,6 @@
 # shellcheck source=sound_server.bash
 . "$(dirname "$0")/sound_server.bash"
 
-# The strip's buttons.
-play=(58 46) pause=(92 46) stop=(126 46) record=(160 46)
-# The colour of a button that is down.
-down=308CC6
-
-# shows_at X Y COLOUR: whether most pixels of the strip's button there have the colour.
-shows_at() {
-  window_picture "$scratch/look.png" &&
-    convert "$scratch/look.png" -crop "30x30+$(($1 - 15))+$(($2 - 15))" +repage "$scratch/button.png" &&
-    [ "$(count_colour "$scratch/button.png" "$3")" -gt 300 ]
-}
-is_up() {
-  ! shows_at "$1" "$2" "$down"
-}
-
 header=44
 tail -c +$((header + 1)) "$scratch/sounds/demo.wav" >"$scratch/demo.raw"
 
@@ -40,10 +25,10 @@ expectedSize=$(stat --format=%s "$scratch/expected.raw")
 
 # gives_the_demo FILE: whether the raw sound in the file holds the demo to its last sample.
 gives_the_demo() {
-  without_silence "$1" | cmp --silent --bytes="$expectedSize" - "$scratch/expected.raw"
+  cmp --silent --bytes="$expectedSize" --ignore-initial="$(sound_begins "$1"):0" "$1" "$scratch/expected.raw"
 }
 is_complete() {
-  [ "$(without_silence "$1" | wc -c)" -ge "$expectedSize" ]
+  [ "$(stat --format=%s "$1")" -ge $(($(sound_begins "$1") + expectedSize)) ]
 }
 
 export PULSE_SERVER=unix:$scratch/no-server
@@ -54,32 +39,32 @@ window_picture "$scratch/start.png"
 
 # In silence the cursor runs all the same, and Space stops it.
 press space
-wait_until "the Play button to be down" shows_at "${play[@]}" "$down"
+wait_until "the Play button to be down" is_down "${playButton[@]}"
 wait_until "the cursor to run" view_looks_unlike "$scratch/start.png"
 press space
-wait_until "the Play button to be up" is_up "${play[@]}"
+wait_until "the Play button to be up" is_up "${playButton[@]}"
 
 # Paused, the cursor stands; at its end it goes back to the left edge.
 press p
-wait_until "the Play button to be down" shows_at "${play[@]}" "$down"
-click "${pause[@]}"
-wait_until "the Pause button to be down" shows_at "${pause[@]}" "$down"
+wait_until "the Play button to be down" is_down "${playButton[@]}"
+click "${pauseButton[@]}"
+wait_until "the Pause button to be down" is_down "${pauseButton[@]}"
 window_picture "$scratch/paused.png"
 view_looks_like "$scratch/paused.png" || fail "the cursor runs in a pause"
-click "${pause[@]}"
-wait_until "the Pause button to be up" is_up "${pause[@]}"
-wait_until "the end of the screen" is_up "${play[@]}"
+click "${pauseButton[@]}"
+wait_until "the Pause button to be up" is_up "${pauseButton[@]}"
+wait_until "the end of the screen" is_up "${playButton[@]}"
 view_looks_like "$scratch/start.png" || fail "the cursor is not back at the left edge"
 
 # A recording says why it cannot begin.
 focus_window '^Tembrel.*demo'
-click "${record[@]}"
+click "${recordButton[@]}"
 focus_window '^Recording Audio Setup$'
 press alt+r End Return
 focus_window '^Tembrel$'
 press Return
 wait_for_windows '^Tembrel$' 0
-is_up "${record[@]}" || fail "the Record button is down without a sound server"
+is_up "${recordButton[@]}" || fail "the Record button is down without a sound server"
 press ctrl+q
 expect_exit 0
 
@@ -92,7 +77,7 @@ maximise_document
 press space
 wait_until "the whole sound" is_complete "$heard"
 gives_the_demo "$heard" || fail "what was heard is not the recording"
-wait_until "the end of the sound" is_up "${play[@]}"
+wait_until "the end of the sound" is_up "${playButton[@]}"
 
 # From the cursor, in the middle, it is about half of it.
 heard=$scratch/half.raw
@@ -100,8 +85,8 @@ listen speakers.monitor "$heard"
 read -r width height < <(client_size)
 click $((width / 2)) $((height / 2))
 press shift+p
-wait_until "the Play button to be down" shows_at "${play[@]}" "$down"
-wait_until "the end of the sound" is_up "${play[@]}"
+wait_until "the Play button to be down" is_down "${playButton[@]}"
+wait_until "the end of the sound" is_up "${playButton[@]}"
 wait_until "silence" is_quiet "$heard"
 without_silence "$heard" >"$scratch/half.sound"
 halfSize=$(stat --format=%s "$scratch/half.sound")
@@ -112,18 +97,18 @@ fi
 
 # Stop ends it at once.
 press space
-wait_until "the Play button to be down" shows_at "${play[@]}" "$down"
-click "${stop[@]}"
-wait_until "the Play button to be up" is_up "${play[@]}"
+wait_until "the Play button to be down" is_down "${playButton[@]}"
+click "${stopButton[@]}"
+wait_until "the Play button to be up" is_up "${playButton[@]}"
 
 # What comes from the microphone is recorded, saved under the name given, and opened.
-click "${record[@]}"
+click "${recordButton[@]}"
 focus_window '^Recording Audio Setup$'
 press alt+r End Return
-wait_until "the Record button to be down" shows_at "${record[@]}" "$down"
+wait_until "the Record button to be down" is_down "${recordButton[@]}"
 paplay --device=room "$scratch/sounds/demo.wav"
 focus_window '^Tembrel.*demo'
-click "${stop[@]}"
+click "${stopButton[@]}"
 focus_window '^Save'
 type_text "$scratch/sounds/take.mp3"
 press Return
