@@ -1,5 +1,5 @@
 // What the effects cost on an hour of 16-bit stereo in memory, against one plain pass that increments every
-// sample; the transforms and the equaliser, each against its plain form. effects_bench [minutes]
+// sample; the transforms and the equaliser, each against its plain form. effects_bench [minutes [effect]]
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -7,9 +7,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <functional>
 #include <memory>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "analysis/FourierTransform.h"
@@ -24,17 +26,30 @@ namespace {
 constexpr std::uint32_t kRate = 44100;
 constexpr int kRounds = 5;
 
-double Milliseconds(const std::function<void()>& work) {
+// Milliseconds: on the clock, and of all processors together, which other programs disturb less.
+struct Timing {
+  double wall = 1e12;
+  double processors = 1e12;
+
+  void TakeFaster(const Timing& other) {
+    wall = std::min(wall, other.wall);
+    processors = std::min(processors, other.processors);
+  }
+};
+
+Timing TimeOf(const std::function<void()>& work) {
   const auto start = std::chrono::steady_clock::now();
+  const std::clock_t before = std::clock();
   work();
+  const std::clock_t after = std::clock();
   const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
-  return taken.count();
+  return {taken.count(), 1000.0 * static_cast<double>(after - before) / CLOCKS_PER_SEC};
 }
 
-double Fastest(const std::function<void()>& work) {
-  double fastest = Milliseconds(work);
-  for (int round = 1; round < kRounds; ++round) {
-    fastest = std::min(fastest, Milliseconds(work));
+Timing Fastest(const std::function<void()>& work) {
+  Timing fastest;
+  for (int round = 0; round < kRounds; ++round) {
+    fastest.TakeFaster(TimeOf(work));
   }
   return fastest;
 }
@@ -89,9 +104,9 @@ constexpr std::array<Target, 11> kTargets{{{"amplify", 3},
                                            {"format", 0}}};
 
 // Times the row with the keeper, which tells whether undo is paid for.
-double TimeEffect(const EffectRow& row, AudioClip& clip, bool withUndo) {
+Timing TimeEffect(const EffectRow& row, AudioClip& clip, bool withUndo) {
   const EditMemory memory;
-  double fastest = 1e12;
+  Timing fastest;
   const EffectParameters parameters{120, 0, {kRate / 2, 16, 2}};
   const EditStep step = row.make({0, clip.dataSize}, parameters);
   for (int round = 0; round < (row.word == "clean-spectrum" ? 1 : kRounds); ++round) {
@@ -110,7 +125,7 @@ double TimeEffect(const EffectRow& row, AudioClip& clip, bool withUndo) {
     }
     ClipEditor editor(*edited, keeper, memory);
     EditResult result;
-    fastest = std::min(fastest, Milliseconds([&] { result = step.change(editor); }));
+    fastest.TakeFaster(TimeOf([&] { result = step.change(editor); }));
     if (!result.done) {
       std::printf("%s: %s\n", row.word.data(), result.message.c_str());
       std::exit(1);
@@ -120,17 +135,23 @@ double TimeEffect(const EffectRow& row, AudioClip& clip, bool withUndo) {
   return fastest;
 }
 
-bool TimeEffects(AudioClip& clip) {
+// All of them, or the one that is named.
+bool TimeEffects(AudioClip& clip, std::string_view only) {
   bool met = true;
   for (const auto& [word, limit] : kTargets) {
-    const double plain = Fastest([&] { IncrementAll(clip); });
-    const double bare = TimeEffect(*FindEffect(word), clip, false);
-    const double whole = limit > 0 ? TimeEffect(*FindEffect(word), clip, true) : 0;
-    std::printf("%-16s %9.1f ms %7.2f of a pass (%.1f ms)", word, bare, bare / plain, plain);
+    if (!only.empty() && only != word) {
+      continue;
+    }
+    const Timing plain = Fastest([&] { IncrementAll(clip); });
+    const Timing bare = TimeEffect(*FindEffect(word), clip, false);
+    std::printf("%-14s %8.1f ms, %6.2f of a pass (%.1f ms); processors %8.1f ms, %6.2f", word, bare.wall,
+                bare.wall / plain.wall, plain.wall, bare.processors, bare.processors / plain.processors);
     if (limit > 0) {
-      std::printf(", at most %2.0f%s; with its undo %9.1f ms %7.2f", limit,
-                  bare > limit * plain ? " MISSED" : "", whole, whole / plain);
-      met = met && bare <= limit * plain;
+      const bool inTime = bare.wall <= limit * plain.wall;
+      const Timing whole = TimeEffect(*FindEffect(word), clip, true);
+      std::printf("; at most %2.0f%s; with undo %8.1f ms, %6.2f", limit, inTime ? "" : " MISSED", whole.wall,
+                  whole.wall / plain.wall);
+      met = met && inTime;
     }
     std::puts("");
   }
@@ -145,13 +166,13 @@ void TimeTransforms() {
   const auto bins = std::make_unique<LaneBins>();
   const auto gains = std::make_unique<BinGains>();
   const LaneTransform transform;
-  const double literal = Fastest([&] {
+  const Timing literal = Fastest([&] {
     for (int i = 0; i < kTimes; ++i) {
       FourierTransform(plain, kDims, i % 2 == 0 ? 1 : -1);
       plain[0] /= 2048;
     }
   });
-  const double fast = Fastest([&] {
+  const Timing fast = Fastest([&] {
     gains->re.fill(1.0 / 2048);
     gains->im.fill(1.0 / 2048);
     values->fill(0.5);
@@ -161,26 +182,30 @@ void TimeTransforms() {
     }
   });
   std::printf("transform of 2048 points: plain form %.1f us, four at a time %.1f us each\n",
-              literal * 1000 / kTimes, fast * 1000 / kTimes / kLanes);
+              literal.processors * 1000 / kTimes, fast.processors * 1000 / kTimes / kLanes);
 }
 
 void TimeEqualiser() {
   AudioClip clip = NoisyClip(1);
-  const double fast = TimeEffect(*FindEffect("filter"), clip, false);
+  const Timing fast = TimeEffect(*FindEffect("filter"), clip, false);
   test::LiteralClip sound{clip.format, {}};
   sound.data.assign(clip.Bytes().begin(), clip.Bytes().end());
-  const double literal = Milliseconds(
-      [&] { test::LiteralEffects(sound).Filter(0, static_cast<std::int64_t>(clip.dataSize), 0); });
-  std::printf("equaliser over a minute: %.1f ms, the plain form %.1f ms\n", fast, literal);
+  const Timing literal =
+      TimeOf([&] { test::LiteralEffects(sound).Filter(0, static_cast<std::int64_t>(clip.dataSize), 0); });
+  std::printf("equaliser over a minute: %.1f ms, the plain form %.1f ms\n", fast.wall, literal.wall);
 }
 
 }  // namespace
 }  // namespace tembrel
 
 int main(int argc, char** argv) {
+  std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);  // a line at a time, into a pipe too
   const int minutes = argc > 1 ? std::clamp(std::atoi(argv[1]), 1, 400) : 60;
   tembrel::AudioClip clip = tembrel::NoisyClip(minutes);
-  const bool met = tembrel::TimeEffects(clip);
+  const bool met = tembrel::TimeEffects(clip, argc > 2 ? argv[2] : "");
+  if (argc > 2) {
+    return met ? 0 : 1;
+  }
   tembrel::TimeTransforms();
   tembrel::TimeEqualiser();
   return met ? 0 : 1;

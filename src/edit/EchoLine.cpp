@@ -1,105 +1,137 @@
 #include "edit/EchoLine.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
-#include "edit/FloatBlock.h"
 #include "platform/WideLoops.h"
 
 namespace tembrel {
 
 namespace {
 
-constexpr int kEchoPercent = 22;
-// Samples that run through all taps at a time: they and what is echoed stay in the processor's cache.
-constexpr std::size_t kRun = 8192;
-// Samples that go into a tap's memory before the last of them are moved to its start.
-constexpr std::size_t kRoom = 4 * kRun;
+constexpr double kEcho = 0.22;
+// Samples that run through all taps at a time, while they are in the processor's first cache.
+constexpr std::int64_t kRun = 1024;
 
-TEMBREL_WIDE_LOOPS
-void AddEchoes(const float* __restrict samples, const float* __restrict echoed, float* __restrict out,
-               std::size_t count) {
+// Vectors that lie in two cache lines take twice as long.
+constexpr std::size_t kCacheLine = 64;
+constexpr auto kAligned = static_cast<std::int64_t>(kCacheLine / sizeof(double));
+
+TEMBREL_WIDEST_LOOPS
+void Widen(const float* __restrict samples, double* __restrict values, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    out[i] = static_cast<float>(samples[i] + kEchoPercent * static_cast<double>(echoed[i]) * 0.01);
+    values[i] = samples[i];
   }
+}
+
+TEMBREL_WIDEST_LOOPS
+void Narrow(const double* __restrict values, float* __restrict samples, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    samples[i] = static_cast<float>(values[i]);
+  }
+}
+
+// Each output takes the place of the one that it echoes. All values are floats.
+TEMBREL_WIDEST_LOOPS
+void AddEchoes(double* __restrict values, double* __restrict outputs, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const double sum = values[i] + outputs[i] * kEcho;
+    values[i] = static_cast<float>(sum);
+    outputs[i] = values[i];
+  }
+}
+
+// A delay of 0.
+void EchoSamplesThemselves(std::span<double> values) {
+  for (double& value : values) {
+    value = static_cast<float>(value + value * kEcho);
+  }
+}
+
+std::int64_t RoundedUp(std::int64_t count) {
+  return (count + kAligned - 1) / kAligned * kAligned;
+}
+
+// From the first cache line on.
+double* AsDoubles(MemoryBlock& block) {
+  void* start = block.Data();
+  std::size_t size = block.Size();
+  return static_cast<double*>(std::align(kCacheLine, sizeof(double), start, size));
 }
 
 }  // namespace
 
-EchoLine::EchoLine(std::int64_t sampleCount, std::uint32_t delay) : count(sampleCount) {
+EchoLine::EchoLine(std::uint32_t delaySamples) : delay(delaySamples) {
   for (std::size_t k = 0; k < taps.size(); ++k) {
     const auto number = static_cast<std::int64_t>(k);
-    taps.at(k).distance = (number + 1) * delay;
+    taps.at(k).delays = number + 1;
     taps.at(k).start = (2 * number + 1) * delay;
   }
 }
 
 std::optional<EchoLine> EchoLine::Make(ClipEditor& editor, std::int64_t count, std::uint32_t delay) {
-  EchoLine line(count, delay);
+  EchoLine line(delay);
   for (Tap& tap : line.taps) {
-    if (tap.start < count) {
-      std::optional<MemoryBlock> block =
-          editor.Allocate((static_cast<std::uint64_t>(tap.distance) + kRoom) * sizeof(float));
+    tap.echoes = tap.start < count;
+    if (tap.echoes) {
+      std::optional<MemoryBlock> block = editor.Allocate(
+          static_cast<std::uint64_t>(tap.delays * RoundedUp(delay)) * sizeof(double) + kCacheLine);
       if (!block) {
         return std::nullopt;
       }
       tap.outputs = std::move(*block);
     }
   }
-  line.Restart();
   return line;
 }
 
-// What stands for the outputs before the first is never echoed.
+// What stands in for outputs before the first is never echoed.
 void EchoLine::Restart() {
   position = 0;
-  for (Tap& tap : taps) {
-    tap.filled = static_cast<std::size_t>(tap.distance);
-  }
 }
 
 void EchoLine::Continue(std::span<float> samples) {
   while (!samples.empty()) {
-    const std::span<float> run = samples.first(std::min(kRun, samples.size()));
+    const std::span<float> run =
+        samples.first(std::min(static_cast<std::size_t>(LengthOfRun()), samples.size()));
     Run(run);
     samples = samples.subspan(run.size());
   }
 }
 
-void EchoLine::Run(std::span<float> samples) {
-  std::span<const float> heard = samples;
-  for (Tap& tap : taps) {
-    if (!tap.outputs.Empty()) {
-      heard = RunTap(tap, heard, position);
-    }
+// Up to the end of a delay at most, and from an aligned output if possible.
+std::int64_t EchoLine::LengthOfRun() const {
+  if (delay == 0) {
+    return kRun;
   }
-  if (heard.data() != samples.data()) {
-    std::ranges::copy(heard, samples.begin());
-  }
-  position += static_cast<std::int64_t>(samples.size());
+  const std::int64_t at = position % delay;
+  const std::int64_t wanted = at % kAligned == 0 ? kRun : kAligned - at % kAligned;
+  return std::min(wanted, delay - at);
 }
 
-// The outputs, which stay where they are until the tap's next run.
-std::span<const float> EchoLine::RunTap(Tap& tap, std::span<const float> samples, std::int64_t position) {
-  const std::span<float> outputs = AsFloats(tap.outputs);
-  const auto distance = static_cast<std::size_t>(tap.distance);
-  if (tap.filled + samples.size() > outputs.size()) {
-    std::copy_n(&outputs[tap.filled] - distance, distance, outputs.begin());
-    tap.filled = distance;
+void EchoLine::Run(std::span<float> samples) {
+  alignas(kCacheLine) std::array<double, kRun> buffer;
+  const std::span<double> values = std::span(buffer).first(samples.size());
+  Widen(samples.data(), values.data(), values.size());
+  for (Tap& tap : taps) {
+    if (!tap.echoes) {
+      continue;
+    }
+    if (delay == 0) {
+      EchoSamplesThemselves(values);
+      continue;
+    }
+    double* const outputs =
+        AsDoubles(tap.outputs) + position / delay % tap.delays * RoundedUp(delay) + position % delay;
+    if (position < tap.start) {
+      std::ranges::copy(values, outputs);
+    } else {
+      AddEchoes(values.data(), outputs, values.size());
+    }
   }
-  const std::span<float> out = outputs.subspan(tap.filled, samples.size());
-  const auto silent = static_cast<std::size_t>(
-      std::clamp<std::int64_t>(tap.start - position, 0, static_cast<std::int64_t>(samples.size())));
-  std::ranges::copy(samples.first(silent), out.begin());
-  // A delay of 0 echoes the sample itself. Otherwise at most `distance` outputs can be had at a time.
-  for (std::size_t at = silent; at < samples.size();) {
-    const std::size_t length = distance == 0 ? samples.size() - at : std::min(distance, samples.size() - at);
-    const float* const echoed = distance == 0 ? &samples[at] : &out[at] - distance;
-    AddEchoes(&samples[at], echoed, &out[at], length);
-    at += length;
-  }
-  tap.filled += samples.size();
-  return out;
+  Narrow(values.data(), samples.data(), values.size());
+  position += static_cast<std::int64_t>(samples.size());
 }
 
 }  // namespace tembrel

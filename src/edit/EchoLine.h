@@ -27,18 +27,19 @@ class EchoLine {
 
  private:
   struct Tap {
-    std::int64_t distance = 0;  // samples to what is echoed
-    std::int64_t start = 0;     // the first sample that hears an echo
-    // The last outputs, at least `distance` of them, and room for more; empty: nothing is echoed.
+    std::int64_t delays = 0;  // to what is echoed
+    std::int64_t start = 0;   // the first sample that hears an echo
+    bool echoes = false;      // there is such a sample
+    // The outputs of the last `delays` delays, each delay in its own row. Floats, kept as doubles to spare
+    // their conversion.
     MemoryBlock outputs;
-    std::size_t filled = 0;  // samples
   };
 
-  EchoLine(std::int64_t sampleCount, std::uint32_t delay);
+  explicit EchoLine(std::uint32_t delaySamples);
+  std::int64_t LengthOfRun() const;
   void Run(std::span<float> samples);
-  static std::span<const float> RunTap(Tap& tap, std::span<const float> samples, std::int64_t position);
 
-  std::int64_t count;
+  std::int64_t delay;
   std::int64_t position = 0;
   std::array<Tap, kEchoTaps> taps;
 };

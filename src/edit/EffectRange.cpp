@@ -1,9 +1,11 @@
 #include "edit/EffectRange.h"
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 
 #include "edit/ShareOut.h"
+#include "platform/Prefetch.h"
 
 namespace tembrel {
 
@@ -11,6 +13,22 @@ namespace {
 
 // A multiple of every frame's size; large enough that sharing it out costs nothing against working on it.
 constexpr std::int64_t kPiece = std::int64_t{1} << 20U;
+
+template <typename Byte>
+void WorkOnStretches(std::span<Byte> piece, std::int64_t offset,
+                     const std::function<void(std::span<Byte>, std::int64_t)>& work) {
+  for (std::size_t at = 0; at < piece.size(); at += kStretch) {
+    const std::span<Byte> left = piece.subspan(at);
+    const std::span<Byte> behind = left.subspan(std::min(kStretch, left.size()));
+    const std::span<Byte> next = behind.first(std::min(kStretch, behind.size()));
+    if constexpr (std::is_const_v<Byte>) {
+      PrefetchForReading(next);
+    } else {
+      PrefetchForWriting(next);
+    }
+    work(left.first(std::min(kStretch, left.size())), offset + static_cast<std::int64_t>(at));
+  }
+}
 
 ByteRange Within(const ByteRange& selection, const AudioClip& clip, std::int64_t unit) {
   const std::int64_t size = clip.dataSize;
@@ -26,9 +44,9 @@ bool WorkOnPieces(ClipEditor& editor, std::span<Byte> bytes, std::uint64_t told,
   return ShareOut((size + kPiece - 1) / kPiece,
                   [&](std::int64_t piece) {
                     const std::int64_t offset = piece * kPiece;
-                    work(bytes.subspan(static_cast<std::size_t>(offset),
-                                       static_cast<std::size_t>(std::min(kPiece, size - offset))),
-                         offset);
+                    WorkOnStretches(bytes.subspan(static_cast<std::size_t>(offset),
+                                                  static_cast<std::size_t>(std::min(kPiece, size - offset))),
+                                    offset, work);
                   },
                   [&](std::int64_t done) {
                     return editor.Proceed(told + static_cast<std::uint64_t>(std::min(done * kPiece, size)),

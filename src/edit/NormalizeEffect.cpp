@@ -10,6 +10,8 @@
 #include "edit/FloatBlock.h"
 #include "edit/SampleFloat.h"
 #include "edit/SampleLoads.h"
+#include "platform/Prefetch.h"
+#include "platform/WideLoops.h"
 
 namespace tembrel {
 
@@ -34,32 +36,60 @@ void AddTo(ChannelLevels& levels, std::span<const float> values) {
   }
 }
 
-// Both at once: each sum waits for its last addition most of the time.
-void AddTo(Levels& levels, std::span<const float> left, std::span<const float> right) {
-  ChannelLevels first = levels[0];
-  ChannelLevels second = levels[1];
-  for (std::size_t i = 0; i < left.size(); ++i) {
-    first.sum += left[i];
-    second.sum += right[i];
-    first.peak = std::max(first.peak, left[i]);
-    second.peak = std::max(second.peak, right[i]);
+void AddBlock8(Levels& levels, const WaveFormat& format, std::span<const std::byte> block) {
+  std::array<float, kFramesAtOnce> buffer;
+  const auto frames = static_cast<std::int64_t>(block.size() / FrameSize(format));
+  for (std::size_t channel = 0; channel < format.nChannels; ++channel) {
+    SamplesToFloat(format, block, buffer, frames,
+                   format.nChannels == 1 ? kMonoChannel : static_cast<std::uint32_t>(channel + 1));
+    AddTo(levels.at(channel), std::span(buffer).first(static_cast<std::size_t>(frames)));
   }
-  levels = {first, second};
+}
+
+// A sum waits for its last addition most of the time. Meanwhile the processor can convert the next samples,
+// if there are few enough of them, and add to the sum of the other channel.
+constexpr std::size_t kGroup = 32;
+
+TEMBREL_WIDE_LOOPS
+void AddGroups16(Levels& levels, std::span<const std::byte> block, std::size_t channels) {
+  std::array<float, kGroup> peaks{};
+  Levels added = levels;
+  for (std::size_t at = 0; at < block.size(); at += 2 * kGroup) {
+    PrefetchForReading(block.subspan(std::min(at + kStretch, block.size() - 1), 1));
+    std::array<float, kGroup> values;
+    for (std::size_t i = 0; i < kGroup; ++i) {
+      values[i] = FloatOf16(LoadSample(block.data() + at + 2 * i));
+      peaks[i] = std::max(peaks[i], values[i]);
+    }
+    if (channels == 1) {
+      for (std::size_t i = 0; i < kGroup; ++i) {
+        added[0].sum += values[i];
+      }
+    } else {
+      for (std::size_t i = 0; i < kGroup; i += 2) {
+        added[0].sum += values[i];
+        added[1].sum += values[i + 1];
+      }
+    }
+  }
+  for (std::size_t i = 0; i < kGroup; ++i) {
+    float& peak = added[i % channels].peak;
+    peak = std::max(peak, peaks[i]);
+  }
+  levels = added;
 }
 
 void AddBlock(Levels& levels, const WaveFormat& format, std::span<const std::byte> block) {
-  std::array<std::array<float, kFramesAtOnce>, kMostChannels> buffers;
-  const std::size_t frameSize = std::max(1U, FrameSize(format));
-  const std::size_t count = block.size() / frameSize;
-  const auto frames = static_cast<std::int64_t>(count);
-  if (format.nChannels == 1) {
-    SamplesToFloat(format, block, buffers[0], frames, kMonoChannel);
-    AddTo(levels[0], std::span(buffers[0]).first(count));
+  if (format.wBitsPerSample == 8) {
+    AddBlock8(levels, format, block);
     return;
   }
-  SamplesToFloat(format, block, buffers[0], frames, kLeftChannel);
-  SamplesToFloat(format, block, buffers[1], frames, kRightChannel);
-  AddTo(levels, std::span(buffers[0]).first(count), std::span(buffers[1]).first(count));
+  const std::size_t grouped = block.size() / (2 * kGroup) * (2 * kGroup);
+  AddGroups16(levels, block.first(grouped), format.nChannels);
+  for (std::size_t at = grouped; at < block.size(); at += 2) {
+    const float value = FloatOf16(LoadSample(block.data() + at));
+    AddTo(levels.at(at / 2 % format.nChannels), std::span(&value, 1));
+  }
 }
 
 // The sums are single precision, one sample after the other: the order decides the last bits, so this cannot
@@ -115,10 +145,14 @@ class NormalizeTable {
     FloatToSamples(format, samples.Bytes(), buffer, entries, kMonoChannel);
   }
 
+  std::int16_t NewSample16(std::int32_t old) const {
+    return LoadSample(samples.Data() + std::size_t{2} * static_cast<std::uint16_t>(old));
+  }
+
   // Every `step`-th sample from `first` on.
   void Apply(std::span<std::byte> piece, std::size_t first, std::size_t step) const {
-    const std::byte* const table = samples.Data();
     if (format.wBitsPerSample == 8) {
+      const std::byte* const table = samples.Data();
       for (std::size_t i = first; i < piece.size(); i += step) {
         piece[i] = table[std::to_integer<std::size_t>(piece[i])];
       }
@@ -126,8 +160,7 @@ class NormalizeTable {
     }
     std::byte* const stored = piece.data();
     for (std::size_t i = first; i < piece.size() / 2; i += step) {
-      const auto old = static_cast<std::uint16_t>(LoadSample(stored + 2 * i));
-      StoreSample(stored + 2 * i, LoadSample(table + std::size_t{2} * old));
+      StoreSample(stored + 2 * i, NewSample16(LoadSample(stored + 2 * i)));
     }
   }
 
@@ -141,6 +174,15 @@ class NormalizeTable {
   MemoryBlock samples;
   MemoryBlock values;
 };
+
+// A frame at a time, not a channel.
+void ApplyBoth16(const NormalizeTable& left, const NormalizeTable& right, std::span<std::byte> piece) {
+  for (std::size_t at = 0; at < piece.size(); at += 4) {
+    const std::uint32_t frame = LoadFrame(&piece[at]);
+    StoreFrame(&piece[at],
+               WithRight(WithLeft(0, left.NewSample16(LeftOf(frame))), right.NewSample16(RightOf(frame))));
+  }
+}
 
 EditResult Normalize(ClipEditor& editor, const ByteRange& selection) {
   const WaveFormat format = editor.Clip().format;
@@ -163,7 +205,13 @@ EditResult Normalize(ClipEditor& editor, const ByteRange& selection) {
     }
   }
   const auto size = static_cast<std::uint64_t>(range.end - range.start);
+  const bool both16 =
+      format.wBitsPerSample == 16 && channels == 2 && levels[0].peak > 0.0F && levels[1].peak > 0.0F;
   return RewritePieces(editor, range, size, 2 * size, [&](std::span<std::byte> piece, std::int64_t) {
+    if (both16) {
+      ApplyBoth16(*tables[0], *tables[1], piece);
+      return;
+    }
     for (std::size_t channel = 0; channel < channels; ++channel) {
       if (levels.at(channel).peak > 0.0F) {
         tables.at(channel)->Apply(piece, channel, channels);

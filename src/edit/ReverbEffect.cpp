@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint32_t kDelaysASecond = 15;
 // Samples that are converted and echoed at a time, while they are in the processor's cache.
-constexpr std::size_t kCached = 8192;
+constexpr std::size_t kCached = 1024;
 
 class EchoSource : public FloatSource {
  public:

@@ -5,14 +5,13 @@
 
 #include "audio/Samples.h"
 #include "edit/SampleLoads.h"
+#include "platform/Prefetch.h"
 #include "platform/WideLoops.h"
 
 namespace tembrel {
 
 namespace {
 
-// Double precision gives the same floats as extended for all 65,536 samples.
-constexpr double kPerStep16 = 1.0 / 32767.0;
 constexpr float kSteps16 = 32767.0F;
 constexpr float kPerStep8 = 0.0078125F;
 constexpr float kSteps8 = 128.0F;
@@ -45,28 +44,24 @@ std::int32_t TruncatedAboveCentre(float value) {
   return Truncated(static_cast<double>(value) + kCentre8);
 }
 
-float AsFloat(int sample) {
-  return static_cast<float>(sample * kPerStep16);
-}
-
 TEMBREL_WIDE_LOOPS
 void MonoToFloat(const std::byte* samples, float* buffer, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    buffer[i] = AsFloat(LoadSample(samples + 2 * i));
+    buffer[i] = FloatOf16(LoadSample(samples + 2 * i));
   }
 }
 
 TEMBREL_WIDE_LOOPS
 void LeftToFloat(const std::byte* frames, float* buffer, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    buffer[i] = AsFloat(LeftOf(LoadFrame(frames + 4 * i)));
+    buffer[i] = FloatOf16(LeftOf(LoadFrame(frames + 4 * i)));
   }
 }
 
 TEMBREL_WIDE_LOOPS
 void RightToFloat(const std::byte* frames, float* buffer, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    buffer[i] = AsFloat(RightOf(LoadFrame(frames + 4 * i)));
+    buffer[i] = FloatOf16(RightOf(LoadFrame(frames + 4 * i)));
   }
 }
 
@@ -116,6 +111,18 @@ void DivideAll(float* values, std::size_t count, float divisor) {
   }
 }
 
+// Converts `count` samples that stand `step` bytes apart.
+template <void (*Convert)(const std::byte*, float*, std::size_t)>
+void ToFloatByStretches(std::span<const std::byte> samples, float* buffer, std::size_t count,
+                        std::size_t step) {
+  const std::size_t stretch = kStretch / step;
+  for (std::size_t at = 0; at < count; at += stretch) {
+    const std::span<const std::byte> next = samples.subspan(std::min((at + stretch) * step, samples.size()));
+    PrefetchForReading(next.first(std::min(kStretch, next.size())));
+    Convert(samples.data() + at * step, buffer + at, std::min(stretch, count - at));
+  }
+}
+
 }  // namespace
 
 void Int16ToFloat(std::span<const std::byte> samples, std::span<float> buffer, std::int64_t count,
@@ -125,13 +132,17 @@ void Int16ToFloat(std::span<const std::byte> samples, std::span<float> buffer, s
   }
   const auto all = static_cast<std::size_t>(count);
   if (channel == kMonoChannel) {
-    MonoToFloat(samples.data(), buffer.data(), all);
+    ToFloatByStretches<MonoToFloat>(samples, buffer.data(), all, 2);
     return;
   }
   // The last left sample may be the last of all: it is not read as part of a frame.
-  (channel == kLeftChannel ? LeftToFloat : RightToFloat)(samples.data(), buffer.data(), all - 1);
+  if (channel == kLeftChannel) {
+    ToFloatByStretches<LeftToFloat>(samples, buffer.data(), all - 1, 4);
+  } else {
+    ToFloatByStretches<RightToFloat>(samples, buffer.data(), all - 1, 4);
+  }
   const std::uint64_t last = 2 * (all - 1) + (channel == kRightChannel ? 1 : 0);
-  buffer[all - 1] = AsFloat(Sample16(samples.data(), last));
+  buffer[all - 1] = FloatOf16(Sample16(samples.data(), last));
 }
 
 void UInt8ToFloat(std::span<const std::byte> samples, std::span<float> buffer, std::int64_t count,

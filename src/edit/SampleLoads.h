@@ -23,6 +23,13 @@ inline void StoreSample(std::byte* at, std::int32_t value) {
   std::memcpy(at, &sample, sizeof sample);
 }
 
+// What Int16ToFloat makes of a sample, for all 65,536 of them: a 32767th is 2⁻¹⁵ + 2⁻³⁰ + 2⁻⁴⁵ + ..., the
+// first term and the sample make an exact product, and the sum is rounded once.
+inline float FloatOf16(std::int32_t sample) {
+  const auto value = static_cast<float>(sample);
+  return value * 0x1p-15F + value * (0x1p-30F + 0x1p-45F);
+}
+
 // A stereo frame: the left sample in the low half, the right one in the high half.
 inline std::uint32_t LoadFrame(const std::byte* at) {
   std::uint32_t frame = 0;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
-#include <system_error>
+#include <exception>
 
 namespace tembrel {
 
@@ -57,8 +57,8 @@ void WorkTeam::Hire(std::int64_t wanted) {
     while (static_cast<std::int64_t>(helpers.size()) < std::min(processors - 1, wanted)) {
       helpers.emplace_back([this] { Help(); });
     }
-  } catch (const std::system_error&) {
-    // No more threads to be had: those that run, and the caller's, do all the work.
+  } catch (const std::exception&) {
+    // No more threads or memory for them to be had: those that run, and the caller's, do all the work.
   }
 }
 
