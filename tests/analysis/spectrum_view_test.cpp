@@ -1,5 +1,6 @@
 // Zooming and scrolling through the bins, and the marker among them.
 #include <gtest/gtest.h>
+#include <random>
 #include <utility>
 
 #include "analysis/SpectrumView.h"
@@ -227,6 +228,35 @@ TEST(SpectrumView, TheMarkerIsPlacedOnVisibleBinsOnly) {
     view.PlaceMarker(wanted);
     EXPECT_EQ(view.MarkerBin(), placed);
     EXPECT_EQ(view.FirstBin(), 256);
+  }
+}
+
+TEST(SpectrumView, WhateverIsDoneItStaysInsideAndTheMarkerVisible) {
+  std::mt19937 engine(1);
+  const auto roll = [&engine](int last) { return std::uniform_int_distribution<int>(0, last)(engine); };
+  SpectrumView view;
+  for (int i = 0; i < 20000; ++i) {
+    switch (roll(3)) {
+      case 0:
+        view.RunCommand(8193 + roll(2));
+        break;
+      case 1:
+        view.Scroll(static_cast<SpectrumScroll>(roll(8)), static_cast<std::uint32_t>(engine()));
+        break;
+      case 2:
+        view.MoveMarker(static_cast<MarkerMove>(roll(5)));
+        break;
+      default:
+        view.PlaceMarker(roll(1100) - 10);
+        break;
+    }
+    ASSERT_EQ(view.VisibleBins() * view.Zoom(), 2048);
+    ASSERT_GE(view.FirstBin(), 0);
+    ASSERT_LE(view.FirstBin() + view.VisibleBins(), 1024);
+    ASSERT_GE(view.MarkerBin(), view.FirstBin());
+    ASSERT_LT(view.MarkerBin(), view.FirstBin() + view.VisibleBins());
+    ASSERT_GE(view.ScrollPosition(), 0);
+    ASSERT_LE(view.ScrollPosition(), 100);
   }
 }
 

@@ -23,7 +23,7 @@ void tembrelMDIClient::OpenSpectrum() {
   AudioWin* document = ActiveDocument();
   auto* spectrum = new SpectrumWin(prompts);
   auto* child = new QMdiSubWindow(this);
-  child->setObjectName("tembrelMDIChild");
+  child->setObjectName("TMDIChild");
   child->setAttribute(Qt::WA_DeleteOnClose);
   child->setWidget(spectrum);
   child->setWindowTitle(spectrum->windowTitle());
