@@ -2,28 +2,24 @@
 
 namespace tembrel {
 
-namespace {
-
-constexpr std::uint64_t kHalf = 1U << 20;
-
-Progress HalfFrom(const Progress& whole, std::uint64_t start) {
+Progress PartOf(const Progress& whole, double from, double to) {
+  constexpr double kSteps = 1U << 21U;
   if (!whole) {
     return {};
   }
-  return [&whole, start](std::uint64_t done, std::uint64_t total) {
-    const double fraction = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
-    return whole(start + static_cast<std::uint64_t>(fraction * static_cast<double>(kHalf)), 2 * kHalf);
+  return [&whole, from, to](std::uint64_t done, std::uint64_t total) {
+    const double share = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
+    return whole(static_cast<std::uint64_t>((from + share * (to - from)) * kSteps),
+                 static_cast<std::uint64_t>(kSteps));
   };
 }
 
-}  // namespace
-
 Progress FirstHalf(const Progress& whole) {
-  return HalfFrom(whole, 0);
+  return PartOf(whole, 0.0, 0.5);
 }
 
 Progress SecondHalf(const Progress& whole) {
-  return HalfFrom(whole, kHalf);
+  return PartOf(whole, 0.5, 1.0);
 }
 
 }  // namespace tembrel

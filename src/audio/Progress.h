@@ -13,8 +13,10 @@ using Progress = std::function<bool(std::uint64_t done, std::uint64_t total)>;
 // Bytes that are moved between two calls.
 inline constexpr std::uint64_t kProgressStep = 8U << 20U;
 
-// The progress of the first or second of two equal parts of some work, told as progress of the whole. `whole`
-// outlives the part.
+// The progress of a part of some work, told as progress of the whole: it begins at the share `from` and ends
+// at `to`, 0 to 1. `whole` outlives the part.
+Progress PartOf(const Progress& whole, double from, double to);
+// Of the first and the second of two equal parts.
 Progress FirstHalf(const Progress& whole);
 Progress SecondHalf(const Progress& whole);
 

@@ -8,6 +8,9 @@ namespace tembrel {
 
 namespace {
 
+// Of the time an edit takes; the rest goes into the temporary copy.
+constexpr double kEditingShare = 0.8;
+
 std::string BaseName(const std::string& path) {
   return std::filesystem::path(path).filename().string();
 }
@@ -124,7 +127,8 @@ EditResult Document::CheckEditable() const {
   return EditResult::Refused(notice.empty() ? "There is no sound to edit." : notice);
 }
 
-EditResult Document::Edit(const EditStep& step, const Progress& progress) {
+EditResult Document::Edit(const EditStep& step, const Progress& progress,
+                          const std::function<void()>& settled) {
   if (!clip || editing) {
     return {};
   }
@@ -138,7 +142,8 @@ EditResult Document::Edit(const EditStep& step, const Progress& progress) {
   }
   undo.Push(clip.get());
   editing = true;
-  ClipEditor editor(*clip, undo, memory, progress);
+  const double share = tempCopy ? kEditingShare : 1.0;
+  ClipEditor editor(*clip, undo, memory, PartOf(progress, 0.0, share));
   if (step.change) {
     result = step.change(editor);
   }
@@ -151,7 +156,10 @@ EditResult Document::Edit(const EditStep& step, const Progress& progress) {
     return result;
   }
   undo.KeepPush();
-  Finish(editor.Changes(), step.marksChanged, step.refreshesLengths);
+  if (settled) {
+    settled();
+  }
+  Finish(editor.Changes(), step.marksChanged, step.refreshesLengths, PartOf(progress, share, 1.0));
   return result;
 }
 
@@ -211,12 +219,13 @@ void Document::RefreshLengths() {
   frameCount = clip->dataSize / ((format.wBitsPerSample == 16 ? 2U : 1U) * (stereo ? 2U : 1U));
 }
 
-void Document::Finish(const ClipChanges& changes, bool marksChanged, bool refreshesLengths) {
+void Document::Finish(const ClipChanges& changes, bool marksChanged, bool refreshesLengths,
+                      const Progress& progress) {
   if (refreshesLengths) {
     RefreshLengths();
   }
   if (tempCopy) {
-    tempCopy->Update(*clip, changes);
+    tempCopy->Update(*clip, changes, progress);
   }
   if (marksChanged && !changed) {
     SetChanged(true);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -78,7 +79,10 @@ class Document {
   // The edit frame. Runs the step: its check, the undo snapshot, its change; then lengths, temporary copy,
   // changed flag and listener follow. Without sound nothing happens and nothing is said; sound that cannot be
   // edited is refused. A refused, failed or cancelled step leaves document and history as they were.
-  EditResult Edit(const EditStep& step, const Progress& progress = {});
+  // `settled` is called when the change is made and only the copy is still to be written, which cannot be
+  // stopped.
+  EditResult Edit(const EditStep& step, const Progress& progress = {},
+                  const std::function<void()>& settled = {});
 
   // One step back or forth. Commands ask CanUndo() and CanRedo() first; called anyway they exchange the sound
   // with the history's working state, which is an empty clip in a document that was never edited.
@@ -98,7 +102,8 @@ class Document {
   EditResult StepThroughHistory(bool (AudioUndo::*step)(ClipEditor&));
   EditResult CheckEditable() const;
   void RefreshLengths();
-  void Finish(const ClipChanges& changes, bool marksChanged, bool refreshesLengths);
+  void Finish(const ClipChanges& changes, bool marksChanged, bool refreshesLengths,
+              const Progress& progress = {});
   void TellListener(bool lengthsRefreshed);
   void Clear();
   LoadOutcome MakeTempCopy(const AudioClip& sound, const Progress& progress);

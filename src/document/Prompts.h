@@ -29,6 +29,8 @@ class ProgressDisplay {
   virtual ~ProgressDisplay() = default;
   // `done` of `total`, in any unit. False when the user has cancelled.
   virtual bool Report(std::uint64_t done, std::uint64_t total) = 0;
+  // From here on the task cannot be cancelled any more.
+  virtual void ForbidCancel() {}
 };
 
 // Plays what a preset makes of the sound in question; empty when nothing can be heard.

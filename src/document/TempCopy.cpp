@@ -3,6 +3,7 @@
 #include <span>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "audio/WaveWriter.h"
 #include "document/CopyPatch.h"
@@ -16,8 +17,10 @@ namespace {
 constexpr int kNamesTried = 1000;
 
 bool WriteChanges(OutputFile& file, const AudioClip& clip, const ClipChanges& changes, std::uint32_t oldSize,
-                  std::string& reason) {
-  for (const PatchStep& step : PlanPatch(changes, oldSize, clip.dataSize)) {
+                  const Progress& progress, std::string& reason) {
+  const std::vector<PatchStep> steps = PlanPatch(changes, oldSize, clip.dataSize);
+  std::uint64_t done = 0;
+  for (const PatchStep& step : steps) {
     const auto start = static_cast<std::size_t>(step.range.start);
     const auto length = static_cast<std::size_t>(step.range.end - step.range.start);
     const bool written =
@@ -27,9 +30,22 @@ bool WriteChanges(OutputFile& file, const AudioClip& clip, const ClipChanges& ch
     if (!written) {
       return false;
     }
+    if (progress) {
+      progress(++done, steps.size());
+    }
   }
   return !changes.ShiftedFrom() ||
          file.SetLength(kWaveDataOffset + clip.dataSize + clip.dataSize % 2, reason);
+}
+
+Progress Unstoppable(const Progress& progress) {
+  if (!progress) {
+    return {};
+  }
+  return [&progress](std::uint64_t done, std::uint64_t total) {
+    progress(done, total);
+    return true;
+  };
 }
 
 WriteResult WriteWhole(const AudioClip& clip, const std::filesystem::path& path, const Progress& progress) {
@@ -109,11 +125,11 @@ TempCopy::Result TempCopy::Write(const AudioClip& clip, const Progress& progress
 }
 
 // Writes beside the copy and renames over it: what it holds is worth keeping until there is something newer.
-TempCopy::Result TempCopy::Replace(const AudioClip& clip) {
+TempCopy::Result TempCopy::Replace(const AudioClip& clip, const Progress& progress) {
   const std::filesystem::path part = PartPath(path);
   std::optional<FileLock> partLock = FileLock::TryLock(part);
   std::error_code error;
-  state.complete = partLock && WriteWhole(clip, part, {}).ok;
+  state.complete = partLock && WriteWhole(clip, part, progress).ok;
   if (state.complete) {
     std::filesystem::rename(part, path, error);
     state.complete = !error;
@@ -129,16 +145,19 @@ TempCopy::Result TempCopy::Replace(const AudioClip& clip) {
   return Result::Written;
 }
 
-TempCopy::Result TempCopy::Update(const AudioClip& clip, const ClipChanges& changes) {
+TempCopy::Result TempCopy::Update(const AudioClip& clip, const ClipChanges& changes,
+                                  const Progress& progress) {
+  const Progress telling = Unstoppable(progress);
   if (!state.complete || changes.All()) {
-    return state.noted ? Replace(clip) : Write(clip);
+    return state.noted ? Replace(clip, telling) : Write(clip, telling);
   }
   if (changes.Empty()) {
     return Result::Written;
   }
   std::string reason;
   std::optional<OutputFile> file = OutputFile::OpenExisting(path, reason);
-  state.complete = file && WriteChanges(*file, clip, changes, state.dataSize, reason) && file->Close(reason);
+  state.complete =
+      file && WriteChanges(*file, clip, changes, state.dataSize, telling, reason) && file->Close(reason);
   state.dataSize = clip.dataSize;
   return state.complete ? Result::Written : Result::Failed;
 }

@@ -32,8 +32,8 @@ class TempCopy {
   Result Write(const AudioClip& clip, const Progress& progress = {});
   // The same after the clip changed in these places, by writing them alone. After a failure the file is not
   // to be played, and the next update writes the whole. While there is a note, a program that dies on the way
-  // leaves the sound of before, of after, or some of each.
-  Result Update(const AudioClip& clip, const ClipChanges& changes);
+  // leaves the sound of before, of after, or some of each. The progress is told; it stops nothing.
+  Result Update(const AudioClip& clip, const ClipChanges& changes, const Progress& progress = {});
   // The file is the WAVE form of the clip that was written last; false after any failure.
   bool Complete() const { return state.complete; }
 
@@ -51,7 +51,7 @@ class TempCopy {
 
   TempCopy(std::filesystem::path wavePath, FileLock fileLock);
   void Remove();
-  Result Replace(const AudioClip& clip);
+  Result Replace(const AudioClip& clip, const Progress& progress);
 
   std::filesystem::path path;  // empty once moved from
   std::optional<FileLock> lock;

@@ -9,6 +9,8 @@ namespace tembrel {
 namespace {
 
 constexpr const char* kNoMemory = "There is not enough memory for this. Nothing was changed.";
+// Of the work that is left, what copying for undo is taken to be.
+constexpr double kCopyPart = 0.2;
 constexpr const char* kOutside = "This reaches beyond the sound. Nothing was changed.";
 
 bool LiesWithin(std::uint64_t offset, std::uint64_t length, std::uint64_t size) {
@@ -55,7 +57,9 @@ std::optional<std::span<std::byte>> ClipEditor::Overwrite(std::uint64_t offset, 
     refusalText = kOutside;
     return std::nullopt;
   }
-  Preserve(offset, length);
+  if (!Preserve(offset, length)) {
+    return std::nullopt;
+  }
   changes.AddOverwrite({static_cast<std::int64_t>(offset), static_cast<std::int64_t>(offset + length)});
   return clip.Bytes().subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(length));
 }
@@ -75,7 +79,10 @@ std::optional<std::span<std::byte>> ClipEditor::Splice(std::uint64_t offset, std
   if (newLength > memory.largestClip || !FitsIn(remaining + newLength) || !Grow(remaining + newLength)) {
     return std::nullopt;
   }
-  Preserve(offset, oldLength);
+  if (!Preserve(offset, oldLength)) {
+    Trim();
+    return std::nullopt;
+  }
   MoveTail(offset, oldLength, newLength);
   Trim();
   return clip.Bytes().subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(newLength));
@@ -107,7 +114,15 @@ std::optional<MemoryBlock> ClipEditor::Allocate(std::uint64_t size) {
 }
 
 bool ClipEditor::Proceed(std::uint64_t done, std::uint64_t total) {
-  return !progress || progress(done, total) || versionsLost;
+  ownShare = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
+  return Tell(1.0 - ownPart * (1.0 - ownShare));
+}
+
+bool ClipEditor::Tell(double share) const {
+  constexpr double kSteps = 1U << 20U;
+  return !progress ||
+         progress(static_cast<std::uint64_t>(share * kSteps), static_cast<std::uint64_t>(kSteps)) ||
+         versionsLost;
 }
 
 std::vector<ClipEditor::Patch> ClipEditor::PatchesTo(const ClipVersion& version, std::uint64_t liveSize) {
@@ -220,13 +235,13 @@ void ClipEditor::Replace(const Patch& patch) {
 }
 
 // Puts aside what versions need of these live bytes. Without memory for that, versions go until nothing is
-// needed any more.
-void ClipEditor::Preserve(std::uint64_t offset, std::uint64_t length) {
+// needed any more. False when the user stopped it; nothing has changed then.
+bool ClipEditor::Preserve(std::uint64_t offset, std::uint64_t length) {
   for (;;) {
     const std::vector<ByteRange> needed = NeededRanges(Versions(), offset, offset + length);
     const std::uint64_t total = TotalOf(needed);
     if (total == 0) {
-      return;
+      return true;
     }
     std::optional<MemoryBlock> block = memory.allocate(static_cast<std::size_t>(total));
     if (!block) {
@@ -234,7 +249,11 @@ void ClipEditor::Preserve(std::uint64_t offset, std::uint64_t length) {
       if (keeper.ForgetOldest()) {
         continue;
       }
-      return;
+      return true;
+    }
+    if (!CopyOut(needed, total, *block)) {
+      refusalText.clear();
+      return false;
     }
     const auto saved = std::make_shared<SavedBytes>(SavedBytes{std::move(*block)});
     std::vector<Relocation> moves;
@@ -242,13 +261,34 @@ void ClipEditor::Preserve(std::uint64_t offset, std::uint64_t length) {
     for (const ByteRange& range : needed) {
       const auto start = static_cast<std::uint64_t>(range.start);
       const auto size = static_cast<std::uint64_t>(range.end - range.start);
-      std::memcpy(saved->block.Data() + at, clip.data.Data() + start, static_cast<std::size_t>(size));
       moves.push_back({nullptr, start, size, saved, at});
       at += size;
     }
     RelocateAll(std::move(moves));
-    return;
+    return true;
   }
+}
+
+// Copies the ranges, one behind the other, to the block. Much of it takes its time and a stretch of the bar;
+// a version that is being restored is not to be stopped.
+bool ClipEditor::CopyOut(const std::vector<ByteRange>& ranges, std::uint64_t total, MemoryBlock& block) {
+  const bool tells = total > kProgressStep && restoring == nullptr;
+  const double from = 1.0 - ownPart * (1.0 - ownShare);
+  const double stretch = kCopyPart * (1.0 - from);
+  std::uint64_t copied = 0;
+  for (const ByteRange& range : ranges) {
+    const auto end = static_cast<std::uint64_t>(range.end);
+    for (auto start = static_cast<std::uint64_t>(range.start); start < end; start += kProgressStep) {
+      const std::uint64_t size = std::min(kProgressStep, end - start);
+      std::memcpy(block.Data() + copied, clip.data.Data() + start, static_cast<std::size_t>(size));
+      copied += size;
+      if (tells && !Tell(from + stretch * static_cast<double>(copied) / static_cast<double>(total))) {
+        return false;
+      }
+    }
+  }
+  ownPart *= tells ? 1.0 - kCopyPart : 1.0;
+  return true;
 }
 
 void ClipEditor::MoveTail(std::uint64_t offset, std::uint64_t oldLength, std::uint64_t newLength) {

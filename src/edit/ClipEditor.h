@@ -33,8 +33,9 @@ class VersionKeeper {
   VersionKeeper& operator=(const VersionKeeper&) = default;
 };
 
-// A refused call changes nothing, and RefusalText() says why. Memory for versions never stands in the way of
-// a change: where it is short, versions are given up, in the end all of them.
+// A refused call changes nothing, and RefusalText() says why; it is empty when the user stopped the edit
+// while what undo needs was put aside. Memory for versions never stands in the way of a change: where it is
+// short, versions are given up, in the end all of them.
 class ClipEditor {
  public:
   // Clip, keeper and memory outlive the editor, which lives for one edit.
@@ -73,8 +74,8 @@ class ClipEditor {
   // Bytes of intermediate results that are worth keeping.
   std::uint64_t LargestStore() const { return memory.largestStore; }
 
-  // Tells how far the edit is; false when it is to be given up, and can be: once versions were given up for
-  // want of memory there is no way back.
+  // Tells how far the edit is, of what it does itself: putting things aside is reckoned in here. False when
+  // it is to be given up, and can be: once versions were given up for want of memory there is no way back.
   bool Proceed(std::uint64_t done, std::uint64_t total);
 
   // What all calls so far changed.
@@ -96,7 +97,9 @@ class ClipEditor {
   void ExchangeBlocks(const ClipVersion& version);
   void Exchange(const Patch& patch, std::vector<Relocation>& moves);
   void Replace(const Patch& patch);
-  void Preserve(std::uint64_t offset, std::uint64_t length);
+  bool Preserve(std::uint64_t offset, std::uint64_t length);
+  bool CopyOut(const std::vector<ByteRange>& ranges, std::uint64_t total, MemoryBlock& block);
+  bool Tell(double share) const;
   void MoveTail(std::uint64_t offset, std::uint64_t oldLength, std::uint64_t newLength);
   void RelocateAll(std::vector<Relocation> moves);
   void Trim();
@@ -109,6 +112,8 @@ class ClipEditor {
   const EditMemory& memory;
   Progress progress;
   bool versionsLost = false;
+  double ownShare = 0.0;  // how far the edit was when it last told
+  double ownPart = 1.0;   // of the whole work, what is the edit's own and not copying
   std::shared_ptr<ClipVersion> restoring;
   ClipChanges changes;
   std::string refusalText;

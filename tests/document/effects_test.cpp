@@ -1,4 +1,5 @@
 // Effects on a document: what follows from one, and from one that is cancelled.
+#include <algorithm>
 #include <gmock/gmock.h>
 
 #include "edit/EffectTable.h"
@@ -55,6 +56,28 @@ TEST_F(EffectsOnDocuments, LeaveNoTraceWhenTheyAreCancelled) {
     EXPECT_THAT(listener.told, ElementsAre(false)) << row.word << ": what was painted meanwhile stays";
     listener.onTold = {};
     EXPECT_EQ(test::ReadBytes(document->TempFileName()), copy);
+  }
+}
+
+TEST_F(EffectsOnDocuments, TellTheWritingOfTheCopyTooWhichIsNotStopped) {
+  for (const EffectRow& row : EffectTable()) {
+    const auto document = Open(kStereo16, test::CountingBytes(3U << 20U));
+    std::vector<double> told;
+    std::size_t toldBefore = 0;
+    const EditResult result = document->Edit(
+        row.make({400, 3 << 20}, {300, 4, {22050, 8, 2}}),
+        [&](std::uint64_t done, std::uint64_t total) {
+          told.push_back(static_cast<double>(done) / static_cast<double>(total));
+          return toldBefore == 0;
+        },
+        [&] { toldBefore = told.size(); });
+    EXPECT_TRUE(result.done) << row.word;
+    ASSERT_GT(toldBefore, 0U) << row.word;
+    EXPECT_GT(told.size(), toldBefore) << row.word;
+    EXPECT_LT(told.at(toldBefore - 1), 1.0) << row.word << ": the bar was full too early";
+    EXPECT_TRUE(std::ranges::is_sorted(told)) << row.word;
+    EXPECT_EQ(told.back(), 1.0) << row.word;
+    ExpectCopyUpToDate(*document);
   }
 }
 

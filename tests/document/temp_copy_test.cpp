@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -46,6 +47,29 @@ TEST_F(TempCopyUpdate, WritesOnlyTheChangedBytes) {
   const Bytes file = test::ReadBytes(copy->Path());
   EXPECT_EQ(file.at(44 + 10), std::byte{200});
   EXPECT_NE(file.at(44 + 50), std::byte{201});
+}
+
+TEST_F(TempCopyUpdate, TellsHowFarItIsAndIsNotStopped) {
+  SetLength(5U << 20U);
+  for (const bool all : {true, false}) {
+    clip.Bytes()[77] = std::byte{200};
+    ClipChanges changes;
+    changes.AddOverwrite({0, 5 << 20});
+    if (all) {
+      changes.AddAll();
+    }
+    std::vector<double> told;
+    const auto result = copy->Update(clip, changes, [&told](std::uint64_t done, std::uint64_t total) {
+      told.push_back(static_cast<double>(done) / static_cast<double>(total));
+      return false;
+    });
+    EXPECT_EQ(result, TempCopy::Result::Written);
+    EXPECT_TRUE(UpToDate());
+    ASSERT_FALSE(told.empty());
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    EXPECT_EQ(told.back(), 1.0);
+    EXPECT_GE(told.size(), all ? 1U : 5U);
+  }
 }
 
 TEST_F(TempCopyUpdate, FollowsEveryLength) {

@@ -1,9 +1,11 @@
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
 
 #include "audio/WaveWriter.h"
 #include "edit/ClipEditor.h"
 #include "tests/edit/EditSession.h"
+#include "tests/support/WaveBytes.h"
 
 namespace tembrel {
 namespace {
@@ -69,6 +71,59 @@ TEST_F(ClipEditing, RefusesToReplaceByTooLargeASound) {
   session.memory.largestClip = 7;
   EXPECT_FALSE(editor.ReplaceAll(std::move(*MemoryBlock::Allocate(8)), 8, kMono8));
   EXPECT_EQ(session.Content(), BytesOf({1, 2, 3, 4, 5}));
+}
+
+class PuttingMuchAside : public ::testing::Test {
+ protected:
+  static constexpr std::size_t kSize = 3 * kProgressStep + 5;
+
+  PuttingMuchAside() { session.undo.Push(&session.clip); }
+
+  EditSession session{kMono8, test::CountingBytes(kSize)};
+  std::vector<double> told;
+  double stopAt = 2.0;
+  ClipEditor editor{session.clip, session.undo, session.memory,
+                    [this](std::uint64_t done, std::uint64_t total) {
+                      told.push_back(static_cast<double>(done) / static_cast<double>(total));
+                      return told.back() < stopAt;
+                    }};
+};
+
+TEST_F(PuttingMuchAside, TellsHowFarItIsAndLeavesTheRestOfTheBarToTheEdit) {
+  EXPECT_TRUE(editor.Proceed(1, 2));
+  ASSERT_TRUE(editor.Overwrite(0, kSize));
+  EXPECT_EQ(told.size(), 5U);
+  EXPECT_TRUE(editor.Proceed(1, 2));  // where it stood before
+  EXPECT_DOUBLE_EQ(told.at(4), told.at(5));
+  EXPECT_TRUE(editor.Proceed(2, 2));
+  EXPECT_EQ(told.front(), 0.5);
+  EXPECT_LT(told.at(1), told.at(2));
+  EXPECT_TRUE(std::ranges::is_sorted(told));
+  EXPECT_LT(told.at(5), 0.7);
+  EXPECT_EQ(told.back(), 1.0);
+}
+
+TEST_F(PuttingMuchAside, CanBeStopped) {
+  stopAt = 0.1;
+  EXPECT_FALSE(editor.Overwrite(0, kSize));
+  EXPECT_EQ(editor.RefusalText(), "");
+  EXPECT_TRUE(editor.Changes().Empty());
+  EXPECT_LT(told.size(), 4U);
+  EXPECT_FALSE(editor.Splice(0, kSize, 2 * kSize));
+  EXPECT_EQ(editor.RefusalText(), "");
+  EXPECT_EQ(session.clip.data.Size(), kSize);
+  EXPECT_EQ(session.Content(), test::CountingBytes(kSize));
+  session.undo.TakeBackPush(editor);
+  EXPECT_FALSE(session.undo.CanUndo());
+}
+
+TEST_F(PuttingMuchAside, IsNotStoppedWhenAnEditIsTakenBack) {
+  const auto bytes = editor.Splice(0, kSize, kSize + 1);
+  ASSERT_TRUE(bytes);
+  std::ranges::fill(*bytes, std::byte{1});
+  stopAt = 0.0;
+  session.undo.TakeBackPush(editor);
+  EXPECT_EQ(session.Content(), test::CountingBytes(kSize));
 }
 
 TEST(LargestClip, IsWhatAWaveFileHolds) {

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProgressDialog>
+#include <QPushButton>
 
 #include "dialogs/ui/FilterDialog.h"
 #include "dialogs/ui/FormatDialog.h"
@@ -80,11 +81,24 @@ class QtProgressDisplay : public ProgressDisplay {
     dialog->setValue(std::min(kSteps - 1, static_cast<int>(share * kSteps)));
     QApplication::processEvents();
     sinceRefresh.start();
-    cancelled = dialog->wasCanceled();
+    cancelled = !cancelForbidden && dialog->wasCanceled();
     return !cancelled;
   }
 
+  void ForbidCancel() override {
+    cancelForbidden = true;
+    if (dialog) {
+      DisableCancel();
+    }
+  }
+
  private:
+  // The button is grey, and Escape, which does what the button does, hides nothing.
+  void DisableCancel() {
+    dialog->disconnect(SIGNAL(canceled()));
+    dialog->findChild<QPushButton*>()->setEnabled(false);
+  }
+
   void MakeDialog() {
     dialog = std::make_unique<QProgressDialog>(text, "Cancel", 0, kSteps, parent);
     dialog->setObjectName("progressDialog");
@@ -93,6 +107,9 @@ class QtProgressDisplay : public ProgressDisplay {
     dialog->setMinimumDuration(0);
     dialog->setAutoClose(false);
     dialog->setAutoReset(false);
+    if (cancelForbidden) {
+      DisableCancel();
+    }
     dialog->adjustSize();
     dialog->move(parent->geometry().center() - dialog->rect().center());
     dialog->show();
@@ -104,6 +121,7 @@ class QtProgressDisplay : public ProgressDisplay {
   QElapsedTimer sinceRefresh;
   std::unique_ptr<QProgressDialog> dialog;
   bool cancelled = false;
+  bool cancelForbidden = false;
 };
 
 }  // namespace

@@ -104,7 +104,8 @@ void tembrelMDIClient::RunEffect(AudioWin& window, const EffectRow& effect) {
     const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress(EffectTitle(effect));
     result = document.Edit(
         effect.make(selection, *parameters),
-        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); });
+        [&display](std::uint64_t done, std::uint64_t total) { return display->Report(done, total); },
+        [&display] { display->ForbidCancel(); });
   }
   Say(result);
   Q_EMIT stateChanged();
