@@ -12,9 +12,22 @@ example() {
     here && inside' "$examples" | grep . || fail "no example under $1"
 }
 
+# The README and the man page show the same commands.
+fenced() {
+  awk '/^```bash$/ { inside = 1; next } /^```$/ { inside = 0 } inside' "$1"
+}
+paged() {
+  awk '/^\.nf$/ { inside = 1; next } /^\.fi$/ { inside = 0 } inside' "$1" |
+    sed -e "s/\\\\(aq/'/g" -e 's/\\-/-/g' -e 's/\\e/\\/g'
+}
+fenced "$examples" | grep -q 'open talk.wav' || fail "no commands in the examples"
+diff <(fenced "$examples") <(fenced "$here/../../README.md") || fail "the README shows other commands"
+diff <(fenced "$examples") <(paged "$here/../../packaging/tembrel-batch.1") || fail "the man page shows other commands"
+
 mkdir folder
 make_talk 'folder/a talk.wav'
 cp 'folder/a talk.wav' folder/b.wav
+cp folder/b.wav 'folder/q" \x\\.wav'
 tembrel-batch -q -e 'open folder/b.wav' -e 'select all' -e 'amplify 50' -e save
 (cd folder && eval "$(example 'Bring every file')")
 # peak FILE: its largest positive sample.
