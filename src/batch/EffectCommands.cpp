@@ -78,7 +78,12 @@ BatchCommand CommandOf(const EffectRow& row) {
       return std::string(row.word) + ": there is no preset \"" + arguments.Text(0) +
              "\"; it is a number from 0 to 9 or a name in double quotes";
     }
-    return session.Edit(row.make(session.Current().Selection(), *parameters), EffectTitle(row), !wholeClip);
+    const EditStep step = row.make(session.Current().Selection(), *parameters);
+    Failure failure = session.Edit(step, EffectTitle(row), !wholeClip);
+    if (failure) {
+      failure->insert(0, std::string(row.word) + ": ");
+    }
+    return failure;
   };
   return {row.word, RulesOf(row.parameter), wholeClip ? Needs::Document : Needs::Selection, run};
 }

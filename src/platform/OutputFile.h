@@ -39,6 +39,10 @@ class OutputFile : public ByteOutput {
   // Cuts the file to this many bytes, or lengthens it with zeros.
   bool SetLength(std::uint64_t length, std::string& reason);
 
+  // From now on what is written is on its way to the disk while more is written: for a file that will be
+  // flushed. Without it, Flush has all of it before it.
+  void FlushOnTheWay() { flushesOnTheWay = true; }
+
   // Waits until the bytes have reached the disk.
   bool Flush(std::string& reason);
 
@@ -54,6 +58,8 @@ class OutputFile : public ByteOutput {
   explicit OutputFile(int openDescriptor) : descriptor(openDescriptor) {}
 
   int descriptor = -1;
+  bool flushesOnTheWay = false;
+  std::uint64_t unflushed = 0;  // bytes written since the disk was last told
 };
 
 }  // namespace tembrel

@@ -14,6 +14,7 @@ namespace tembrel {
 namespace {
 
 constexpr std::size_t kMostPerCall = std::size_t{1} << 30U;
+constexpr std::uint64_t kFlushedAtOnce = std::uint64_t{4} << 20U;
 // Without O_NONBLOCK opening a pipe waits for somebody to read from it.
 constexpr int kOpenExistingFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 constexpr int kOpenFlags = kOpenExistingFlags | O_CREAT;
@@ -68,10 +69,15 @@ std::optional<OutputFile> OutputFile::OpenExisting(const std::filesystem::path& 
   return file;
 }
 
-OutputFile::OutputFile(OutputFile&& other) noexcept : descriptor(std::exchange(other.descriptor, -1)) {}
+OutputFile::OutputFile(OutputFile&& other) noexcept
+    : descriptor(std::exchange(other.descriptor, -1)),
+      flushesOnTheWay(other.flushesOnTheWay),
+      unflushed(other.unflushed) {}
 
 OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
   std::swap(descriptor, other.descriptor);
+  std::swap(flushesOnTheWay, other.flushesOnTheWay);
+  std::swap(unflushed, other.unflushed);
   return *this;
 }
 
@@ -82,8 +88,16 @@ OutputFile::~OutputFile() {
 }
 
 bool OutputFile::Write(std::span<const std::byte> bytes, std::string& reason) {
-  return WriteAll(bytes, reason,
-                  [this](const std::byte* data, std::size_t size) { return write(descriptor, data, size); });
+  const bool written = WriteAll(bytes, reason, [this](const std::byte* data, std::size_t size) {
+    return write(descriptor, data, size);
+  });
+  unflushed += bytes.size();
+  if (flushesOnTheWay && unflushed >= kFlushedAtOnce) {
+    // Where this cannot be had, Flush has more to do. It also is what reports that the disk failed.
+    sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
+    unflushed = 0;
+  }
+  return written;
 }
 
 bool OutputFile::Overwrite(std::uint64_t offset, std::span<const std::byte> bytes, std::string& reason) {

@@ -98,6 +98,7 @@ ReplaceResult ReplaceFile(const fs::path& path, const FillFile& fill) {
   if (!file) {
     return result;
   }
+  file->FlushOnTheWay();
   result.ok = WriteBeside(*file, fill, exists ? &target : nullptr, result.reason);
   if (result.ok && rename(beside.c_str(), target.c_str()) != 0) {
     result.reason = SystemReason(errno);
