@@ -48,11 +48,25 @@ inline void EndDrag(AudioEditWindow& window, double at) {
   ReleaseAt(window, {at, kDragRow});
 }
 
+// The active window, or the main window: the offscreen platform leaves none active when a dialog closes, such
+// as the progress of a slow load.
+inline QWidget* WindowAtWork() {
+  if (QWidget* active = QApplication::activeWindow()) {
+    return active;
+  }
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->objectName() == "TMainWindow") {
+      return window;
+    }
+  }
+  qFatal("no window to work in");
+}
+
 // Does what opens the action menu and has `answer` give an answer; a menu still open then is closed. Returns
 // when what was chosen is done. False when no menu came.
 inline bool WithActionMenu(
     const std::function<void()>& opens, const std::function<void(QMenu&)>& answer = [](QMenu&) {}) {
-  QWidget* window = QApplication::activeWindow();
+  QWidget* window = WindowAtWork();
   opens();
   const QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   if (menu == nullptr || menu->objectName() != "actionMenu") {
