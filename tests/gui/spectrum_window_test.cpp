@@ -194,6 +194,24 @@ class SpectrumWindowTest : public QObject {
     QVERIFY(!desk.Client().Transport().Playing());
   }
 
+  void SoundThatIsBeingEditedIsLookedAtWhenThatIsDone() {
+    SpectrumDesk desk;
+    AudioWin& document = desk.OpenWave("a.wav", 20000, 16, 1);
+    desk.OpenSpectrum();
+    const SpectrumBins start = desk.Window().Shown().bins;
+    SpectrumBins meanwhile;
+    EditStep step;
+    step.change = [&](ClipEditor& /*editor*/) {
+      ViewOf(document).SetCursorPosition(10000, false);  // as a tick of playing does
+      meanwhile = desk.Window().Shown().bins;
+      return EditResult::Done();
+    };
+    QVERIFY(document.Doc().Edit(step).done);
+    QVERIFY(meanwhile == start);
+    QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(document).bins);
+    QVERIFY(desk.Window().Shown().bins != start);
+  }
+
   void WithoutFollowingItStandsAsComputedUntilFollowingIsOnAgain() {
     SpectrumDesk desk;
     AudioWin& document = desk.OpenWave("a.wav", 20000, 16, 1);

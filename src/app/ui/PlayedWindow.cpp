@@ -13,12 +13,14 @@ EditView* PlayedWindow::View() const {
 }
 
 std::int64_t PlayedWindow::Frames() const {
-  return Clip() == nullptr ? 0 : Clip()->Frames();
+  const AudioClip* clip = Clip();
+  return clip == nullptr ? 0 : clip->Frames();
 }
 
 std::uint32_t PlayedWindow::Rate() const {
   constexpr std::uint32_t kRateWithoutSound = 44100;
-  return Clip() == nullptr ? kRateWithoutSound : Clip()->format.nSamplesPerSec;
+  const AudioClip* clip = Clip();
+  return clip == nullptr ? kRateWithoutSound : clip->format.nSamplesPerSec;
 }
 
 std::filesystem::path PlayedWindow::WorkingFile() const {
@@ -26,20 +28,23 @@ std::filesystem::path PlayedWindow::WorkingFile() const {
 }
 
 std::int64_t PlayedWindow::FirstVisibleFrame() const {
-  return View() == nullptr ? 0 : View()->FirstVisibleFrame();
+  const EditView* view = View();
+  return view == nullptr ? 0 : view->FirstVisibleFrame();
 }
 
 std::int64_t PlayedWindow::FramesOnScreen() const {
-  return View() == nullptr ? 0 : View()->FramesOnScreen();
+  const EditView* view = View();
+  return view == nullptr ? 0 : view->FramesOnScreen();
 }
 
 std::int64_t PlayedWindow::CursorFrame() const {
-  return View() == nullptr ? 0 : View()->CursorFrame();
+  const EditView* view = View();
+  return view == nullptr ? 0 : view->CursorFrame();
 }
 
 void PlayedWindow::SetCursorPosition(std::int64_t frame, bool force) {
-  if (View() != nullptr) {
-    View()->SetCursorPosition(frame, force);
+  if (EditView* view = View()) {
+    view->SetCursorPosition(frame, force);
   }
 }
 

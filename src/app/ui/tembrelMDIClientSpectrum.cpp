@@ -49,8 +49,10 @@ void tembrelMDIClient::FollowDocument(AudioWin* document) {
   RefreshSpectrum();
 }
 
+// A cursor that moves while an edit is at work is followed when that is done.
 void tembrelMDIClient::RefreshSpectrum() {
-  if (spectrumWindow != nullptr && spectrumDocument != nullptr && spectrumWindow->FollowsCursor()) {
+  if (spectrumWindow != nullptr && spectrumDocument != nullptr && spectrumWindow->FollowsCursor() &&
+      !spectrumDocument->Doc().Editing()) {
     spectrumWindow->Compute(spectrumDocument->Doc().Clip(),
                             spectrumDocument->EditWindow()->View().CursorFrame());
   }
