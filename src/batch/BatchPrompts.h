@@ -2,6 +2,8 @@
 // is answered No, and long tasks tell their progress on a stream.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <ostream>
 #include <utility>
 
@@ -10,11 +12,17 @@
 
 namespace tembrel {
 
+// The time now, on any scale that only runs forward.
+using ProgressClock = std::function<std::chrono::milliseconds()>;
+// The time since some moment before.
+std::chrono::milliseconds SteadyMilliseconds();
+
 class BatchPrompts final : public Prompts {
  public:
-  // `progressOutput` gets a line every tenth of a long task, or is null for none; it outlives this object and
-  // the displays.
-  explicit BatchPrompts(std::ostream* progressOutput) : output(progressOutput) {}
+  // `progressOutput` gets a line every tenth of a task that takes longer than half a second, or is null for
+  // none; it outlives this object and the displays.
+  explicit BatchPrompts(std::ostream* progressOutput, ProgressClock progressClock = SteadyMilliseconds)
+      : output(progressOutput), clock(std::move(progressClock)) {}
 
   // What was last said in an error or a note; empty when nothing was said since the last call.
   std::string TakeMessage() { return std::exchange(message, {}); }
@@ -42,6 +50,7 @@ class BatchPrompts final : public Prompts {
 
  private:
   std::ostream* output;
+  ProgressClock clock;
   std::string message;
 };
 

@@ -8,10 +8,11 @@
 
 namespace tembrel {
 
-BatchSession::BatchSession(ProgramPaths programPaths, std::ostream& printOutput, std::ostream* progressOutput)
+BatchSession::BatchSession(ProgramPaths programPaths, std::ostream& printOutput, std::ostream* progressOutput,
+                           ProgressClock progressClock)
     : paths(std::move(programPaths)),
       output(printOutput),
-      prompts(progressOutput),
+      prompts(progressOutput, std::move(progressClock)),
       playback(LoadSettings(paths.settingsFile).playback) {}
 
 Failure BatchSession::Open(const std::filesystem::path& path) {

@@ -23,7 +23,8 @@ class BatchSession {
  public:
   // What commands print goes to `printOutput`, the progress of long ones to `progressOutput`, which may be
   // null. Both outlive the session.
-  BatchSession(ProgramPaths programPaths, std::ostream& printOutput, std::ostream* progressOutput);
+  BatchSession(ProgramPaths programPaths, std::ostream& printOutput, std::ostream* progressOutput,
+               ProgressClock progressClock = SteadyMilliseconds);
 
   // Null when no document is open.
   BatchDocument* Active() { return active; }
