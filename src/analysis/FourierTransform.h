@@ -9,7 +9,7 @@
 
 namespace tembrel {
 
-// The circle constant of the transform: it differs from pi in the twelfth decimal, and all results with it.
+// The circle constant of the transform: it differs from pi in the eleventh decimal, and all results with it.
 inline constexpr long double kTransformPi = 3.1415926535979L;
 
 // Transforms the first product(dims) values of `data` in place, the last dimension varying fastest. Each

@@ -75,7 +75,7 @@ std::int64_t Arguments::Whole(std::size_t index) const {
 }
 
 double Arguments::Decimal(std::size_t index) const {
-  return NumberIn<double>(words.at(index)).value_or(0.0);
+  return NumberIn<double>(words.at(index)).value_or(0.0) + 0.0;  // "-0" is 0
 }
 
 }  // namespace tembrel

@@ -7,6 +7,13 @@
 
 namespace tembrel {
 
+namespace {
+
+// What some editors put before the first line.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+}  // namespace
+
 Failure ScriptRunner::RunLine(std::string_view line) {
   ScriptLine split = SplitLine(line);
   if (!split.mistake.empty()) {
@@ -26,7 +33,9 @@ Failure ScriptRunner::RunLine(std::string_view line) {
 Failure ScriptRunner::RunScript(std::istream& script, const std::string& name) {
   std::string line;
   for (std::size_t number = 1; std::getline(script, line); ++number) {
-    if (const Failure failure = RunLine(line)) {
+    const bool marked = number == 1 && line.starts_with(kByteOrderMark);
+    const std::string_view text = std::string_view(line).substr(marked ? kByteOrderMark.size() : 0);
+    if (const Failure failure = RunLine(text)) {
       return name + ":" + std::to_string(number) + ": " + *failure;
     }
   }

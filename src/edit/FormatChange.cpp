@@ -158,8 +158,15 @@ EditResult CheckFormat(const AudioClip& clip, const FormatChoice& wanted) {
   const bool known =
       (wanted.bits == 8 || wanted.bits == 16) && (wanted.channels == 1 || wanted.channels == 2);
   const std::uint64_t bytesPerSecond = std::uint64_t{wanted.rate} * FrameSize(wanted.bits, wanted.channels);
-  if (!known || wanted.rate == 0 || bytesPerSecond > std::numeric_limits<std::uint32_t>::max()) {
+  if (!known || wanted.rate == 0) {
     return EditResult::Refused("Sound can be converted to 8 or 16 bits, mono or stereo, at 1 Hz or more.");
+  }
+  constexpr std::uint64_t kMostBytesPerSecond =
+      std::numeric_limits<std::uint32_t>::max();  // of the file format
+  if (bytesPerSecond > kMostBytesPerSecond) {
+    return EditResult::Refused("The rate is too high: in this format it can be at most " +
+                               std::to_string(kMostBytesPerSecond / FrameSize(wanted.bits, wanted.channels)) +
+                               " Hz.");
   }
   if (!Plan(clip, wanted).Fits()) {
     return EditResult::Refused(

@@ -47,6 +47,7 @@ TEST_F(BatchAnalysis, PrintsAFourthColumnForSixteenBitStereoOnly) {
 
 TEST_F(BatchAnalysis, PrintsTheReadoutOfAFrequency) {
   EXPECT_EQ(Printed({"note 440"}), "440 Hz\nA5 (69)\n");
+  EXPECT_EQ(Printed({"note -0"}), "0 Hz\nNo Pitch\n");
   EXPECT_EQ(Printed({"note 5000"}), "5000 Hz\nNo Pitch\n");
   EXPECT_EQ(Printed({"note 261.6"}), "262 Hz\nC5 (60)\n");
   EXPECT_THAT(Reason({"note -1"}), HasSubstr("HZ must be a number from 0"));

@@ -23,6 +23,18 @@ TEST_F(RunningScripts, AnErrorNamesTheLineAndStopsTheScript) {
   EXPECT_EQ(Reason({"echo \"x"}), "s:1: a quote is not closed");
 }
 
+TEST_F(RunningScripts, AByteOrderMarkBeforeTheFirstLineIsNoPartOfIt) {
+  EXPECT_EQ(Printed({"\xEF\xBB\xBF"
+                     "echo one",
+                     "echo two"}),
+            "one\ntwo\n");
+  EXPECT_EQ(Printed({"\xEF\xBB\xBF# a comment"}), "");
+  EXPECT_NE(Reason({"echo one",
+                    "\xEF\xBB\xBF"
+                    "echo two"}),
+            "");
+}
+
 TEST_F(RunningScripts, CommandsOfTheCommandLineAreCountedFromOne) {
   std::ostringstream output;
   BatchSession session(PathsBelow(scratch / "program"), output, nullptr);

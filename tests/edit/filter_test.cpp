@@ -116,6 +116,28 @@ TEST(BlockFilter, LeavesBin1024) {
   EXPECT_NEAR(filtered[0][1024], 0.25, 1e-7);
 }
 
+TEST(BlockFilter, ThatChangesNoBandGivesTheInteriorBack) {
+  const std::array<Breakpoint, 1> table{{{1, 100}}};
+  const BlockFilter filter(FilterMode::Preset, 44100, table);
+  test::Dice dice(21);
+  std::vector<float> sound(std::size_t{5} * 2048);
+  for (float& value : sound) {
+    value = static_cast<float>(dice.Roll(-32767, 32767)) / 32767.0F;
+  }
+  std::vector<double> sum(sound.size());
+  for (std::size_t start = 0; start + 2048 <= sound.size(); start += 1024) {
+    const std::array<const float*, 1> blocks{sound.data() + start};
+    std::array<BlockValues, kLanes> filtered{};
+    filter.Filter(blocks, filtered);
+    for (std::size_t i = 0; i < 2048; ++i) {
+      sum[start + i] += static_cast<double>(filtered[0][i]);
+    }
+  }
+  for (std::size_t i = 1024; i + 1024 < sound.size(); ++i) {
+    ASSERT_NEAR(sum[i], static_cast<double>(sound[i]), 1.0 / 32767) << i;
+  }
+}
+
 TEST(Filter, OfAtMost2048SamplesDoublesWhatLiesBehindTheFirst1024) {
   Bytes samples(std::size_t{2} * 2048);
   for (std::uint64_t i = 0; i < 2048; ++i) {

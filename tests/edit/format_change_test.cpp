@@ -107,6 +107,17 @@ TEST(FormatChange, RefusesFormatsThatCannotBe) {
   }
 }
 
+TEST(FormatChange, SaysHowHighTheRateCanBe) {
+  for (const auto& [wanted, most] : {std::pair(FormatChoice{4294967295U, 16, 2}, 1073741823U),
+                                     std::pair(FormatChoice{1073741824U, 16, 2}, 1073741823U),
+                                     std::pair(FormatChoice{4294967295U, 8, 2}, 2147483647U)}) {
+    EffectSession session(PcmFormat(1073741823, 16, 2), Samples16({1, 2, 3, 4}));
+    EXPECT_EQ(session.Run(FormatEdit(wanted)).message,
+              "The rate is too high: in this format it can be at most " + std::to_string(most) + " Hz.");
+    EXPECT_TRUE(session.Run(FormatEdit({most, wanted.bits, wanted.channels})).done);
+  }
+}
+
 TEST(FormatChange, RefusesWhatWouldBecomeTooLarge) {
   EffectSession session(PcmFormat(1, 16, 1), Samples16({1, 2, 3, 4}));
   const EditResult result = session.Run(FormatEdit({2000000000, 16, 1}));
