@@ -1,12 +1,11 @@
-// The percentages of amplifying (0 to 1000) and of the noise filter's strength (0 to 100).
+// The percentages of amplifying (0 to kLargestGainPercent) and of the noise filter's strength (0 to 100).
 #pragma once
 
 #include "dialogs/SliderField.h"
 
 namespace tembrel {
 
-inline constexpr int kLargestAmplification = 1000;  // percent
-inline constexpr int kLargestStrength = 100;
+inline constexpr int kLargestStrength = 100;  // percent
 
 // Of a typed number the low 16 bits are taken, and refused when they are above the maximum: 65636 is 100.
 class PercentField final : public SliderField {

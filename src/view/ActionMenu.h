@@ -8,19 +8,12 @@
 
 namespace tembrel {
 
+// The effects' ids stand in the effect table.
 inline constexpr int kActionCut = 8246;
 inline constexpr int kActionCopy = 8248;
 inline constexpr int kActionInsert = 8249;  // silence of the selection's length
 inline constexpr int kActionPitch = 8256;
 inline constexpr int kActionPlay = 8260;
-inline constexpr int kActionCompress = 8261;
-inline constexpr int kActionAmplify = 8262;
-inline constexpr int kActionReverb = 8263;
-inline constexpr int kActionFadeIn = 8264;
-inline constexpr int kActionFadeOut = 8266;
-inline constexpr int kActionNormalize = 8267;
-inline constexpr int kActionSilence = 8268;
-inline constexpr int kActionFilter = 8269;
 inline constexpr int kActionRemoveNoise = 8271;
 inline constexpr int kActionDuration = 8338;
 inline constexpr int kActionFirstPlugin = 8273;

@@ -4,6 +4,7 @@
 #include "dialogs/PercentField.h"
 #include "dialogs/PitchField.h"
 #include "dialogs/StretchField.h"
+#include "edit/LevelEffects.h"
 
 namespace tembrel {
 namespace {
@@ -14,14 +15,14 @@ std::string Shown(const SliderField& field) {
 }
 
 TEST(AmplifyField, OpensAtItsStartOverTheWholeRange) {
-  const PercentField field(kLargestAmplification, 100);
+  const PercentField field(kLargestGainPercent, 100);
   EXPECT_EQ(field.Minimum(), 0);
   EXPECT_EQ(field.Maximum(), 1000);
   EXPECT_EQ(Shown(field), "100 100");
 }
 
 TEST(AmplifyField, FollowsTheSlider) {
-  PercentField field(kLargestAmplification, 100);
+  PercentField field(kLargestGainPercent, 100);
   field.Slide(731);
   EXPECT_EQ(Shown(field), "731 731");
   field.Slide(-5);
@@ -31,7 +32,7 @@ TEST(AmplifyField, FollowsTheSlider) {
 }
 
 TEST(AmplifyField, TakesEveryNumberUpToAThousand) {
-  PercentField field(kLargestAmplification, 100);
+  PercentField field(kLargestGainPercent, 100);
   for (int percent = 0; percent <= 1000; ++percent) {
     field.Type(std::to_string(percent));
     ASSERT_EQ(field.Percent(), percent);
@@ -41,14 +42,14 @@ TEST(AmplifyField, TakesEveryNumberUpToAThousand) {
 }
 
 TEST(AmplifyField, RestoresTheLastGoodValueForANumberTooLarge) {
-  PercentField field(kLargestAmplification, 100);
+  PercentField field(kLargestGainPercent, 100);
   field.Type("120");
   field.Type("1200");
   EXPECT_EQ(Shown(field), "120 120");
 }
 
 TEST(AmplifyField, TakesTheLowSixteenBitsAndLeavesTheText) {
-  PercentField field(kLargestAmplification, 50);
+  PercentField field(kLargestGainPercent, 50);
   field.Type("65636");
   EXPECT_EQ(Shown(field), "100 65636");
   field.Type("65536");
@@ -62,7 +63,7 @@ TEST(AmplifyField, TakesTheLowSixteenBitsAndLeavesTheText) {
 TEST(AmplifyField, RestoresTheLastGoodValueForWhatIsNoNumber) {
   for (const char* text :
        {"", "-5", "-", "+5", "abc", "5a", "5.5", "5 5", "4294967296", "99999999999999999999"}) {
-    PercentField field(kLargestAmplification, 100);
+    PercentField field(kLargestGainPercent, 100);
     field.Slide(77);
     field.Type(text);
     EXPECT_EQ(Shown(field), "77 77") << text;
@@ -70,7 +71,7 @@ TEST(AmplifyField, RestoresTheLastGoodValueForWhatIsNoNumber) {
 }
 
 TEST(AmplifyField, ReadsANumberWithZerosOrBlanksAroundItAndLeavesTheText) {
-  PercentField field(kLargestAmplification, 100);
+  PercentField field(kLargestGainPercent, 100);
   field.Type("007");
   EXPECT_EQ(Shown(field), "7 007");
   field.Type(" 12 ");
@@ -78,8 +79,8 @@ TEST(AmplifyField, ReadsANumberWithZerosOrBlanksAroundItAndLeavesTheText) {
 }
 
 TEST(AmplifyField, AStartOutOfRangeIsMovedIntoIt) {
-  EXPECT_EQ(Shown(PercentField(kLargestAmplification, 2000)), "1000 1000");
-  EXPECT_EQ(Shown(PercentField(kLargestAmplification, -1)), "0 0");
+  EXPECT_EQ(Shown(PercentField(kLargestGainPercent, 2000)), "1000 1000");
+  EXPECT_EQ(Shown(PercentField(kLargestGainPercent, -1)), "0 0");
 }
 
 TEST(StrengthField, EndsAtAHundred) {

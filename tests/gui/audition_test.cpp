@@ -133,7 +133,7 @@ class AuditionTest : public QObject {
     ChooseAction(desk, 0, 1000, kActionPlay);
     QTRY_COMPARE(desk.prompts.errors, std::vector<std::string>{"This sound cannot be played."});
     desk.prompts.presetsToHear = {3};
-    ChooseAction(desk, 0, 1000, kActionFilter);
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
     QTRY_COMPARE(desk.prompts.errors.size(), std::size_t{2});
   }
 
@@ -142,7 +142,7 @@ class AuditionTest : public QObject {
     AudioWin& window = desk.OpenWave("song.wav", 2 * kSixSeconds, 16, 1, kRate);
     const Bytes before = SoundOf(window);
     desk.prompts.presetsToHear = {4, 8};
-    ChooseAction(desk, 1000, static_cast<std::int64_t>(2 * kSixSeconds), kActionFilter);
+    ChooseAction(desk, 1000, static_cast<std::int64_t>(2 * kSixSeconds), EffectId("filter"));
     QTRY_COMPARE(log.stops, 1);  // the sound ends with the dialog
     QCOMPARE(log.played.size(), std::size_t{2});
     const auto six = std::span(before).subspan(2000, 2 * kSixSeconds);
@@ -160,10 +160,10 @@ class AuditionTest : public QObject {
     Desk desk(Desk::Asks::ByScript, Services());
     desk.OpenWave();
     desk.prompts.presetsToHear = {4};
-    ChooseAction(desk, 0, 1000, kActionFilter);
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
     desk.prompts.filterAnswer = 2;
-    ChooseAction(desk, 0, 1000, kActionFilter);
-    ChooseAction(desk, 0, 1000, kActionFilter);
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
     QTRY_COMPARE(desk.prompts.parametersAsked,
                  (std::vector<std::string>{"filter 0", "filter 0", "filter 2"}));
   }
@@ -171,7 +171,7 @@ class AuditionTest : public QObject {
   void WithoutAnAuditionNoSoundIsEnded() {
     Desk desk(Desk::Asks::ByScript, Services());
     desk.OpenWave();
-    ChooseAction(desk, 0, 1000, kActionFilter);
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
     QTRY_COMPARE(desk.prompts.parametersAsked.size(), std::size_t{1});
     QCOMPARE(log.stops, 0);
   }
@@ -179,7 +179,7 @@ class AuditionTest : public QObject {
   void SoundThatCannotBeEditedIsRefusedBeforeAnythingIsAsked() {
     Desk desk(Desk::Asks::ByScript, Services());
     desk.OpenWave("song.wav", 1000, 24, 1, kRate);
-    ChooseAction(desk, 0, 1000, kActionFilter);
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
     QTRY_COMPARE(
         desk.prompts.errors,
         std::vector<std::string>{"This sound (24 bits, 1 channel) can be looked at but not edited."});
@@ -211,7 +211,7 @@ class AuditionTest : public QObject {
       done = true;
     });
     looking.start(1);
-    ChooseAction(desk, 0, 5000, kActionFilter);
+    ChooseAction(desk, 0, 5000, EffectId("filter"));
     QTRY_VERIFY(done);
     QTRY_COMPARE(log.stops, 1);
     const Bytes filtered = After(PcmFormat(kRate, 16, 1), before, FilterEdit({0, 10000}, 1));

@@ -46,8 +46,9 @@ class EffectsTest : public QObject {
 
  private Q_SLOTS:
   void EveryEffectOfTheMenuChangesTheSelectionAndCanBeUndone() {
-    for (const int id : {kActionAmplify, kActionSilence, kActionFadeIn, kActionFadeOut, kActionNormalize,
-                         kActionCompress, kActionReverb, kActionFilter}) {
+    for (const int id :
+         {EffectId("amplify"), EffectId("silence"), EffectId("fade-in"), EffectId("fade-out"),
+          EffectId("normalize"), EffectId("compress"), EffectId("reverb"), EffectId("filter")}) {
       Desk desk;
       desk.prompts.amplifyAnswer = 50;
       desk.prompts.filterAnswer = 4;
@@ -67,7 +68,7 @@ class EffectsTest : public QObject {
     Desk desk;
     AudioWin& window = desk.OpenWave();
     const auto before = BytesOf(window.Doc());
-    ChooseAction(desk, 0, 1000, kActionAmplify);
+    ChooseAction(desk, 0, 1000, EffectId("amplify"));
     QTRY_COMPARE(desk.prompts.parametersAsked, std::vector<std::string>{"amplify 100"});
     QVERIFY(Holds(window.Doc(), before));
     QVERIFY(!window.Doc().Changed());
@@ -78,13 +79,13 @@ class EffectsTest : public QObject {
     Desk desk;
     desk.prompts.onProgress = [](std::uint64_t, std::uint64_t) { return true; };
     AudioWin& window = desk.OpenWave("song.wav", 400000);
-    ChooseAction(desk, 0, 1000, kActionSilence);
+    ChooseAction(desk, 0, 1000, EffectId("silence"));
     QTRY_VERIFY(window.Doc().CanUndo());
     desk.Run(kCommandUndo);
     const auto before = BytesOf(window.Doc());
     desk.prompts.onProgress = [](std::uint64_t, std::uint64_t) { return false; };
     desk.prompts.filterAnswer = 0;
-    ChooseAction(desk, 0, 400000, kActionFilter);
+    ChooseAction(desk, 0, 400000, EffectId("filter"));
     QTRY_VERIFY(!desk.prompts.parametersAsked.empty());
     QVERIFY(Holds(window.Doc(), before));
     QVERIFY(!window.Doc().CanUndo());
@@ -95,7 +96,7 @@ class EffectsTest : public QObject {
   void WhileAnEffectRunsTheOldPictureStaysAndAfterCancelItIsRight() {
     Desk desk;
     AudioWin& window = desk.OpenWave("song.wav", 600000);
-    ChooseAction(desk, 0, 300000, kActionSilence);
+    ChooseAction(desk, 0, 300000, EffectId("silence"));
     QTRY_VERIFY(window.Doc().CanUndo());
     const auto before = BytesOf(window.Doc());
     QImage shownBefore;
@@ -115,7 +116,7 @@ class EffectsTest : public QObject {
       sizeMeanwhile = OnScreen(desk.View()).size();
       return false;
     };
-    ChooseAction(desk, 0, 600000, kActionFilter);
+    ChooseAction(desk, 0, 600000, EffectId("filter"));
     QTRY_VERIFY(!sizeMeanwhile.isEmpty());
     QVERIFY(sizeMeanwhile != shownBefore.size());
     QVERIFY(shownMeanwhile == shownBefore);
@@ -148,10 +149,10 @@ class EffectsTest : public QObject {
     Desk desk;
     desk.prompts.filterAnswer = 6;
     desk.OpenWave("a.wav");
-    ChooseAction(desk, 0, 1000, kActionFilter);
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
     QTRY_COMPARE(desk.prompts.parametersAsked.size(), std::size_t{1});
     desk.OpenWave("b.wav");
-    ChooseAction(desk, 0, 1000, kActionFilter);
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
     QTRY_COMPARE(desk.prompts.parametersAsked, (std::vector<std::string>{"filter 0", "filter 6"}));
   }
 
@@ -182,21 +183,34 @@ class EffectsTest : public QObject {
   void TheRealAmplifyDialogIsAskedOverTheMainWindow() {
     Desk desk(Desk::Asks::WithBoxes);
     AudioWin& window = desk.OpenWave("song.wav", 1000, 16, 1);
+    QWindow* frame = desk.Frame().windowHandle();
+    const auto clickTheView = [&desk, frame](int x) {
+      QTest::mouseClick(frame, Qt::LeftButton, {}, desk.View().mapTo(&desk.Frame(), QPoint(x, 40)));
+    };
+    clickTheView(200);
+    const std::int64_t cursor = desk.View().View().CursorFrame();
+    QVERIFY(cursor > 0);
     QString seen;
+    std::int64_t cursorMeanwhile = -1;
     QTimer looking;
     connect(&looking, &QTimer::timeout, &desk.Frame(), [&] {
       auto* dialog = qobject_cast<CtlScaleDialog*>(QApplication::activeModalWidget());
       if (dialog != nullptr && QApplication::focusWidget() != nullptr) {
         looking.stop();
         seen = dialog->windowTitle();
+        clickTheView(400);
+        cursorMeanwhile = desk.View().View().CursorFrame();
         QTest::keyClicks(QApplication::focusWidget(), "0");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
       }
     });
     looking.start(10);
-    ChooseAction(desk, 0, 1000, kActionAmplify);
+    ChooseAction(desk, 0, 1000, EffectId("amplify"));
     QTRY_COMPARE(seen, QString("Amplify"));
     QTRY_COMPARE(BytesOf(window.Doc()), std::vector<std::byte>(2000));
+    QCOMPARE(cursorMeanwhile, cursor);
+    clickTheView(400);
+    QVERIFY(desk.View().View().CursorFrame() > cursor);
   }
 };
 

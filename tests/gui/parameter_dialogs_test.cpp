@@ -192,6 +192,44 @@ class ParameterDialogsTest : public QObject {
     QCOMPARE(order, (QList<int>{102, 105, 2, 101, 102}));
   }
 
+  void TabGoesThroughTheListsAndButtonsOfFormatAndFilter() {
+    FormatDialog format(window.get(), {44100, 16, 2});
+    FilterDialog filter(window.get(), 0, [](int) {});
+    struct Expected {
+      QDialog* dialog;
+      QList<int> order;
+    };
+    for (const Expected& expected :
+         {Expected{&format, {108, 109, 110, 1, 2, 108}}, Expected{&filter, {102, 101, 1, 2, 102}}}) {
+      Show(*expected.dialog);
+      QList<int> order;
+      for (qsizetype i = 0; i < expected.order.size(); ++i) {
+        order << QApplication::focusWidget()->property("controlId").toInt();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      }
+      QCOMPARE(order, expected.order);
+      expected.dialog->close();
+    }
+  }
+
+  void LettersLeadToTheListsOfFormatAndFilter() {
+    FormatDialog format(window.get(), {44100, 16, 2});
+    FilterDialog filter(window.get(), 0);
+    struct Expected {
+      QDialog* dialog;
+      Qt::Key letter;
+      int control;
+    };
+    for (const Expected& expected : {Expected{&format, Qt::Key_C, 110}, Expected{&format, Qt::Key_E, 109},
+                                     Expected{&format, Qt::Key_R, 108}, Expected{&filter, Qt::Key_P, 102}}) {
+      Show(*expected.dialog);
+      ControlOf<QPushButton>(*expected.dialog, 2)->setFocus();
+      QTest::keyClick(expected.dialog, expected.letter, Qt::AltModifier);
+      QCOMPARE(QApplication::focusWidget()->property("controlId").toInt(), expected.control);
+      expected.dialog->close();
+    }
+  }
+
   void TheLabelsLetterLeadsToTheField() {
     CtlScaleDialog dialog(window.get());
     Show(dialog);
@@ -213,19 +251,34 @@ class ParameterDialogsTest : public QObject {
   }
 
   void WhileADialogRunsTheParentTakesNoInput() {
-    CtlScaleDialog dialog(window.get());
-    QLineEdit behind(window.get());
+    QPushButton behind(window.get());
+    behind.setGeometry(0, 0, 100, 50);
     behind.show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    behind.setFocus();
+    int clicks = 0;
+    connect(&behind, &QPushButton::clicked, &behind, [&clicks] { ++clicks; });
+    const auto tryBoth = [this] {
+      QTest::keyClick(window->windowHandle(), Qt::Key_Space);
+      QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, {20, 20});
+    };
+    tryBoth();
+    QCOMPARE(clicks, 2);
+    CtlScaleDialog dialog(window.get());
     bool ran = false;
     QTimer::singleShot(0, &dialog, [&] {
-      QVERIFY(dialog.isModal());
-      QTest::keyClick(window->windowHandle(), 'x');
-      QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, {5, 5});
-      ran = behind.text().isEmpty() && QApplication::activeModalWidget() == &dialog;
+      tryBoth();
+      ran = dialog.isModal() && QApplication::activeModalWidget() == &dialog;
       dialog.reject();
     });
     QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Rejected));
     QVERIFY(ran);
+    QCOMPARE(clicks, 2);
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    tryBoth();
+    QCOMPARE(clicks, 4);
   }
 
   void FormatListsTheEntriesAndSelectsTheSounds() {

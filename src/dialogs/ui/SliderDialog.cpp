@@ -13,6 +13,7 @@
 #include "dialogs/PercentField.h"
 #include "dialogs/PitchField.h"
 #include "dialogs/StretchField.h"
+#include "edit/LevelEffects.h"
 
 namespace tembrel {
 
@@ -86,7 +87,7 @@ void SliderDialog::ShowField() {
 
 CtlScaleDialog::CtlScaleDialog(QWidget* parent, int percent)
     : SliderDialog(parent, "CtlScaleDialog", kAmplifyTexts,
-                   std::make_unique<PercentField>(kLargestAmplification, percent)) {}
+                   std::make_unique<PercentField>(kLargestGainPercent, percent)) {}
 
 StrengthDialog::StrengthDialog(QWidget* parent, int percent)
     : SliderDialog(parent, "StrengthDialog", kStrengthTexts,

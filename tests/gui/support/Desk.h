@@ -30,6 +30,7 @@
 #include "device/SilentServices.h"
 #include "document/ui/AudioWin.h"
 #include "document/ui/tembrelMDIChild.h"
+#include "edit/EffectTable.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/ScriptedPrompts.h"
@@ -158,6 +159,12 @@ class Desk {
   std::function<SoundServices()> openSound;
   std::unique_ptr<TMainWindow> frame;
 };
+
+// The command id of the effect that scripts call so; 0 for none.
+inline int EffectId(std::string_view word) {
+  const EffectRow* effect = FindEffect(word);
+  return effect == nullptr ? 0 : effect->commandId;
+}
 
 inline QString Text(const std::filesystem::path& path) {
   return PathToText(path);
