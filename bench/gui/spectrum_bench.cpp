@@ -20,6 +20,7 @@ namespace {
 
 constexpr double kTarget = 4;  // milliseconds
 constexpr int kSteps = 201;
+constexpr int kFramesApart = 2000;
 constexpr std::uint32_t kFrames = 441000;
 constexpr QSize kWindowSize(1900, 900);
 
@@ -52,7 +53,7 @@ std::vector<double> Times(const Work& work) {
   std::vector<double> times;
   for (int i = 0; i < kSteps; ++i) {
     const auto start = std::chrono::steady_clock::now();
-    work(i);
+    work(std::int64_t{i} * kFramesApart);
     const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
     times.push_back(taken.count());
   }
@@ -71,9 +72,9 @@ int Run() {
   PaintCounter counter;
   window.findChild<QWidget*>("SpectrumDisplayWin")->installEventFilter(&counter);
 
-  const std::vector<double> alone = Times([&](int i) { ComputeSpectrum(clip, i * 2000); });
-  const std::vector<double> whole = Times([&](int i) {
-    window.Compute(&clip, i * 2000);
+  const std::vector<double> alone = Times([&](std::int64_t frame) { ComputeSpectrum(clip, frame); });
+  const std::vector<double> whole = Times([&](std::int64_t frame) {
+    window.Compute(&clip, frame);
     QCoreApplication::sendPostedEvents();  // the update request paints and flushes the window
   });
   if (counter.paints != kSteps) {
