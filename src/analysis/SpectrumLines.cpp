@@ -16,6 +16,10 @@ int Level(std::int64_t height, int level) {
   return static_cast<int>(level * height / kLevels + height / kLevels / 2);
 }
 
+// Bins that differ by less than this share of the largest are equal but for rounding: those of a single
+// click.
+constexpr double kRoundingShare = 1e-12;
+
 int Truncated(double value) {
   constexpr double kLimit = std::numeric_limits<int>::max();
   return static_cast<int>(std::clamp(value, -kLimit, kLimit));
@@ -61,6 +65,7 @@ std::vector<PlotPoint> TracePoints(const SpectrumBins& bins, const PaintArea& ar
                                    TraceSide side) {
   const PowerRange powers = RangeOf(bins);
   const double range = powers.highest - powers.lowest;
+  const bool flat = range <= powers.highest * kRoundingShare;
   const int middle = area.height / 2;
   const double direction = side == TraceSide::Up ? -1.0 : 1.0;
   std::vector<PlotPoint> points;
@@ -68,7 +73,7 @@ std::vector<PlotPoint> TracePoints(const SpectrumBins& bins, const PaintArea& ar
   for (std::size_t i = 0; first + i < bins.size(); ++i) {
     const std::int64_t x = std::int64_t{area.width} * static_cast<std::int64_t>(i) * view.Zoom() /
                            static_cast<std::int64_t>(kSpectrumPoints);
-    const double away = range > 0 ? BinPower(bins[first + i]) * middle / range : 0;
+    const double away = flat ? 0 : BinPower(bins[first + i]) * middle / range;
     points.push_back({static_cast<int>(std::min<std::int64_t>(x, std::numeric_limits<int>::max())),
                       Truncated(middle + direction * away)});
   }

@@ -1,8 +1,10 @@
 // The plot's grid, traces and colours.
 #include <algorithm>
+#include <array>
 #include <gmock/gmock.h>
 #include <vector>
 
+#include "analysis/FourierTransform.h"
 #include "analysis/SpectrumLines.h"
 #include "analysis/SpectrumPicture.h"
 
@@ -152,9 +154,22 @@ TEST(SpectrumTrace, OfEqualBinsIsAFlatLineAtMidHeight) {
   }
 }
 
+// All its bins are as strong; what the transform rounds is not drawn.
+TEST(SpectrumTrace, OfASingleClickIsAFlatLineAtMidHeight) {
+  for (const std::size_t at : {0U, 1U, 5U, 512U, 1000U, 2047U}) {
+    SpectrumBins bins(kSpectrumPoints);
+    bins[at] = 20000.0;
+    const std::array dims{kSpectrumPoints};
+    FourierTransform(bins, dims, +1);
+    for (const PlotPoint& point : TracePoints(bins, {512, 201}, Zoomed(8), TraceSide::Up)) {
+      ASSERT_EQ(point.y, 100) << at;
+    }
+  }
+}
+
 TEST(SpectrumTrace, PointsFarOutsideAreHeldInWhatANumberHolds) {
   SpectrumBins bins = Bins({}, 1e9);
-  bins[0] = {1e9, 1e1};  // hardly more power than all others
+  bins[0] = {1e9, 1e5};  // hardly more power than all others
   const auto points = TracePoints(bins, {512, 200}, Zoomed(8), TraceSide::Up);
   EXPECT_LT(points[1].y, -1000000);
   const auto wide = TracePoints(bins, {100000, 200}, Zoomed(512), TraceSide::Down);

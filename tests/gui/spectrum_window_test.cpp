@@ -226,14 +226,42 @@ class SpectrumWindowTest : public QObject {
     QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(document).bins);
   }
 
-  void OnlyTheDocumentItWasOpenedOnIsFollowed() {
+  void TheCursorOfTheActiveDocumentTakesItOver() {
     SpectrumDesk desk;
     AudioWin& first = desk.OpenWave("a.wav", 20000, 16, 1);
     AudioWin& second = desk.OpenWave("b.wav", 20000, 8, 2);
     desk.Client().setActiveSubWindow(desk.Children().at(0));
     desk.OpenSpectrum();
+    QCOMPARE(desk.Readout().accessibleDescription(), "a.wav");
+    // The first document's own cursor goes on being followed in the background, the other one's does not.
     ViewOf(second).SetCursorPosition(5001, false);
     QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(first).bins);
+    ViewOf(first).SetCursorPosition(3000, false);
+    QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(first).bins);
+    desk.Client().setActiveSubWindow(desk.Children().at(1));
+    QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(first).bins);
+    ViewOf(second).SetCursorPosition(5002, false);
+    QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(second).bins);
+    QVERIFY(desk.Window().Shown().bins != SpectrumDesk::SpectrumOf(first).bins);
+    QCOMPARE(desk.Readout().accessibleDescription(), "b.wav");
+    const SpectrumBins shown = desk.Window().Shown().bins;
+    ViewOf(first).SetCursorPosition(7000, false);
+    QCOMPARE(desk.Window().Shown().bins, shown);
+  }
+
+  void AShownMarkerReadsTheNewRate() {
+    SpectrumDesk desk;
+    desk.OpenSine("a.wav", 16, 440);
+    desk.OpenSpectrum();
+    QTest::keyClick(&desk.Window(), Qt::Key_Home);
+    for (int i = 0; i < 20; ++i) {
+      QTest::keyClick(&desk.Window(), Qt::Key_Right);
+    }
+    QCOMPARE(desk.Readout().Text(), "430 Hz, A5 (69)");
+    desk.Client().setActiveSubWindow(desk.Children().at(0));
+    desk.prompts.formatAnswer = FormatChoice{22050, 16, 1};
+    desk.Run(kCommandFormat);
+    QVERIFY(desk.Readout().Text().startsWith("215 Hz"));
   }
 
   void AnEditIsFollowedAndFreedSoundNeverLookedAt() {
@@ -261,12 +289,14 @@ class SpectrumWindowTest : public QObject {
     desk.Client().setActiveSubWindow(desk.Children().at(0));
     desk.Run(kCommandClose);
     QTRY_COMPARE(desk.Children().size(), 1);
-    QTRY_VERIFY(!desk.Window().FollowsCursor());
+    QTRY_VERIFY(desk.Readout().accessibleDescription().contains("closed"));
     QVERIFY(desk.Shows(last));
-    QVERIFY(desk.Readout().accessibleDescription().contains("closed"));
-    // Another document is none of its business.
-    desk.OpenSine("b.wav", 16, 2000);
+    // Another document is followed from its first cursor move on.
+    AudioWin& other = desk.OpenSine("b.wav", 16, 2000);
     QCOMPARE(desk.Window().Shown().bins, last.bins);
+    ViewOf(other).SetCursorPosition(100, false);
+    QCOMPARE(desk.Window().Shown().bins, SpectrumDesk::SpectrumOf(other).bins);
+    QCOMPARE(desk.Readout().accessibleDescription(), "b.wav");
   }
 
   void WithoutSoundItIsFlatAndSaysWhy() {

@@ -17,6 +17,7 @@ class SpectrumDisplayWin : public QWidget {
   SpectrumDisplayWin(const Spectrum& shownSpectrum, const SpectrumView& shownView, QWidget* parent);
 
   void ShowMarker(bool show);
+  bool MarkerShown() const { return markerShown; }
 
  Q_SIGNALS:
   // The mouse is over this column, logical pixels.

@@ -167,8 +167,12 @@ void SpectrumWin::CreateActions() {
 void SpectrumWin::Compute(const AudioClip* clip, std::int64_t cursorFrame) {
   std::optional<Spectrum> computed = clip == nullptr ? std::nullopt : ComputeSpectrum(*clip, cursorFrame);
   if (computed) {
+    const bool otherRate = computed->rate != spectrum.rate;
     spectrum = std::move(*computed);
-    readout->ShowNotice({});
+    readout->ShowNotice(soundName);
+    if (otherRate && display->MarkerShown()) {
+      Pick(view.MarkerBin());
+    }
   } else if (clip == nullptr) {
     readout->ShowNotice("The document holds no sound.");
   } else {
@@ -178,12 +182,16 @@ void SpectrumWin::Compute(const AudioClip* clip, std::int64_t cursorFrame) {
   axis->update();
 }
 
+void SpectrumWin::SetSound(std::filesystem::path file, QString name) {
+  soundFile = std::move(file);
+  soundName = std::move(name);
+}
+
 bool SpectrumWin::FollowsCursor() const {
-  return followAction->isEnabled() && followAction->isChecked();
+  return followAction->isChecked();
 }
 
 void SpectrumWin::DocumentClosed() {
-  followAction->setEnabled(false);
   readout->ShowNotice("The document is closed; this is its last spectrum.");
 }
 

@@ -34,11 +34,12 @@ class SpectrumWin : public QWidget {
   // spectrum, what is shown stays, and the readout says why.
   void Compute(const AudioClip* clip, std::int64_t cursorFrame);
 
-  // What is saved is called after the sound's file; empty for a sound without one.
-  void SetSoundFile(std::filesystem::path file) { soundFile = std::move(file); }
-  // "Follow the cursor" is on and the document is there.
+  // Whose spectrum is computed next: `name` stands beside the readout, and what is saved is called after the
+  // file, which is empty for a sound without one.
+  void SetSound(std::filesystem::path file, QString name);
+  // "Follow the cursor" is on.
   bool FollowsCursor() const;
-  // The document is gone: its last spectrum stays.
+  // The document is gone: its last spectrum stays until another one's is computed.
   void DocumentClosed();
 
   const SpectrumView& View() const { return view; }
@@ -84,6 +85,7 @@ class SpectrumWin : public QWidget {
 
   Prompts& prompts;
   std::filesystem::path soundFile;
+  QString soundName;
   NoteBands bands = BuildNoteBands();
   Spectrum spectrum;
   SpectrumView view;

@@ -287,6 +287,12 @@ void tembrelMDIClient::Listen(AudioWin* window) {
     }
   });
   connect(window, &AudioWin::edited, this, &tembrelMDIClient::stateChanged);
+  connect(window, &AudioWin::edited, this, [this, window] {
+    if (window == spectrumDocument) {
+      RefreshSpectrum();
+    }
+  });
+  connect(window->EditWindow(), &AudioEditWindow::cursorMoved, this, [this, window] { CursorMoved(window); });
   connect(window, &AudioWin::refused, this, &tembrelMDIClient::Say);
   connect(window, &AudioWin::actionMenuOpening, this, &tembrelMDIClient::actionMenuOpening);
   connect(window, &AudioWin::actionMenuClosed, this, [this, window](int command) {

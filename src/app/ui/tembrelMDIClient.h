@@ -127,6 +127,7 @@ class tembrelMDIClient : public QMdiArea {
   void ArrangeIcons();
   void OpenSpectrum();
   void FollowDocument(AudioWin* document);
+  void CursorMoved(AudioWin* document);
   void RefreshSpectrum();
   void SpectrumClosing();
   bool SpectrumIsActive() const;
@@ -148,7 +149,8 @@ class tembrelMDIClient : public QMdiArea {
   Clipboard clipboard;
   RememberedPreset rememberedPreset;
   QPointer<SpectrumWin> spectrumWindow;
-  QPointer<AudioWin> spectrumDocument;  // whose cursor the spectrum follows
+  QPointer<AudioWin> spectrumDocument;  // whose sound the spectrum shows
+  QMetaObject::Connection spectrumSource;
   long documentCount = 0;
   long long lastHandle = 0;
   std::unique_ptr<TransportControl> transport;  // goes first: it uses what stands above

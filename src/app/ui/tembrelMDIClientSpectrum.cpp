@@ -1,8 +1,9 @@
 // The client's part for the spectrum window: there is one at most, and it follows the cursor of the document
-// it was opened on.
+// whose cursor was moved last.
 #include <QMdiSubWindow>
 
 #include "analysis/ui/SpectrumWin.h"
+#include "app/ui/QtPrompts.h"
 #include "app/ui/tembrelMDIClient.h"
 #include "document/ui/AudioWin.h"
 #include "view/ui/AudioEditWindow.h"
@@ -30,32 +31,48 @@ void tembrelMDIClient::OpenSpectrum() {
   child->setWindowIcon(QIcon(":/tembrel.svg"));
   spectrumWindow = spectrum;
   connect(spectrum, &SpectrumWin::closing, this, &tembrelMDIClient::SpectrumClosing);
-  connect(spectrum, &SpectrumWin::followingBegan, this, &tembrelMDIClient::RefreshSpectrum);
+  connect(spectrum, &SpectrumWin::followingBegan, this, [this] {
+    AudioWin* active = ActiveDocument();
+    FollowDocument(active == nullptr ? spectrumDocument.data() : active);
+  });
   FollowDocument(document);
   ShowChild(child, kSpectrumSize);
   Q_EMIT stateChanged();
 }
 
+// The document whose sound the spectrum shows from now on; nothing for null.
 void tembrelMDIClient::FollowDocument(AudioWin* document) {
+  disconnect(spectrumSource);
   spectrumDocument = document;
-  if (document == nullptr) {
+  if (document != nullptr) {
+    spectrumSource = connect(document, &QObject::destroyed, spectrumWindow, &SpectrumWin::DocumentClosed);
+  }
+  RefreshSpectrum();
+}
+
+// The cursor of the active document is the editor's cursor. One that moves in the background, because its
+// document plays, counts while no other document has taken the spectrum over.
+void tembrelMDIClient::CursorMoved(AudioWin* document) {
+  if (spectrumWindow == nullptr || !spectrumWindow->FollowsCursor()) {
     return;
   }
-  SpectrumWin* spectrum = spectrumWindow;
-  spectrum->SetSoundFile(document->Doc().FileName());
-  connect(document->EditWindow(), &AudioEditWindow::cursorMoved, spectrum, [this] { RefreshSpectrum(); });
-  connect(document, &AudioWin::edited, spectrum, [this] { RefreshSpectrum(); });
-  connect(document, &QObject::destroyed, spectrum, &SpectrumWin::DocumentClosed);
-  RefreshSpectrum();
+  if (document == spectrumDocument) {
+    RefreshSpectrum();
+  } else if (document == ActiveDocument()) {
+    FollowDocument(document);
+  }
 }
 
 // A cursor that moves while an edit is at work is followed when that is done.
 void tembrelMDIClient::RefreshSpectrum() {
-  if (spectrumWindow != nullptr && spectrumDocument != nullptr && spectrumWindow->FollowsCursor() &&
-      !spectrumDocument->Doc().Editing()) {
-    spectrumWindow->Compute(spectrumDocument->Doc().Clip(),
-                            spectrumDocument->EditWindow()->View().CursorFrame());
+  if (spectrumWindow == nullptr || spectrumDocument == nullptr || !spectrumWindow->FollowsCursor() ||
+      spectrumDocument->Doc().Editing()) {
+    return;
   }
+  const Document& document = spectrumDocument->Doc();
+  const std::filesystem::path file = document.FileName();
+  spectrumWindow->SetSound(file, file.empty() ? spectrumDocument->Title() : PathToText(file.filename()));
+  spectrumWindow->Compute(document.Clip(), spectrumDocument->EditWindow()->View().CursorFrame());
 }
 
 void tembrelMDIClient::SpectrumClosing() {
