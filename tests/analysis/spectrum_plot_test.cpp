@@ -191,15 +191,18 @@ class SpectrumPlot : public testing::Test {
   static constexpr int kWidth = 480;
   static constexpr int kHeight = 220;
 
-  Rgb At(int x, int y) const { return pixels[static_cast<std::size_t>(y * kWidth + x)]; }
+  Rgb At(int x, int y) const {
+    return pixels[static_cast<std::size_t>(y) * kWidth + static_cast<std::size_t>(x)];
+  }
   void Paint(const Spectrum* spectrum, const SpectrumView& view = SpectrumView(), double scale = 1.0) {
     PaintSpectrum(raster, spectrum, {kWidth, kHeight, scale}, view);
   }
   std::ptrdiff_t Count(Rgb color, int fromRow = 0, int toRow = kHeight) const {
-    return std::count(pixels.begin() + fromRow * kWidth, pixels.begin() + toRow * kWidth, color);
+    const std::ptrdiff_t row = kWidth;
+    return std::count(pixels.begin() + fromRow * row, pixels.begin() + toRow * row, color);
   }
 
-  std::vector<Rgb> pixels = std::vector<Rgb>(static_cast<std::size_t>(kWidth * kHeight));
+  std::vector<Rgb> pixels = std::vector<Rgb>(std::size_t{kWidth} * kHeight);
   Raster raster{pixels, kWidth, kHeight, kWidth};
 };
 
