@@ -67,6 +67,8 @@ class AppearanceTest : public QObject {
       const QImage on = button->icon().pixmap(64, 64, QIcon::Normal).toImage();
       QVERIFY(HoldsColor(on, palette.color(QPalette::Active, QPalette::ButtonText)));
       const QImage off = button->icon().pixmap(64, 64, QIcon::Disabled).toImage();
+      // The document's buttons stay on a button's ground when they are down.
+      QCOMPARE(button->icon().pixmap(64, 64, QIcon::Normal, QIcon::On).toImage(), on);
       QVERIFY(HoldsColor(off, palette.color(QPalette::Disabled, QPalette::ButtonText)));
     }
     QVERIFY(icons >= 3);

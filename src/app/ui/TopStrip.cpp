@@ -114,7 +114,7 @@ void TopStrip::ShowTransport(const StripContext& context) {
 
 void TopStrip::RefreshIcons() {
   for (QToolButton* button : buttons) {
-    button->setIcon(ThemedIcon(button->property(kIconName).toString(), palette()));
+    button->setIcon(ThemedIcon(button->property(kIconName).toString(), palette(), PressedLook::Highlighted));
   }
 }
 

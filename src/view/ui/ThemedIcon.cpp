@@ -25,7 +25,7 @@ QPixmap Render(QByteArray svg, const QColor& color, int size) {
 
 }  // namespace
 
-QIcon ThemedIcon(const QString& name, const QPalette& palette) {
+QIcon ThemedIcon(const QString& name, const QPalette& palette, PressedLook look) {
   QFile file(":/icons/" + name + ".svg");
   if (!file.open(QIODevice::ReadOnly)) {
     return {};
@@ -36,8 +36,10 @@ QIcon ThemedIcon(const QString& name, const QPalette& palette) {
     icon.addPixmap(Render(svg, palette.color(QPalette::Active, QPalette::ButtonText), size), QIcon::Normal);
     icon.addPixmap(Render(svg, palette.color(QPalette::Disabled, QPalette::ButtonText), size),
                    QIcon::Disabled);
-    icon.addPixmap(Render(svg, palette.color(QPalette::Active, QPalette::HighlightedText), size),
-                   QIcon::Normal, QIcon::On);
+    if (look == PressedLook::Highlighted) {
+      icon.addPixmap(Render(svg, palette.color(QPalette::Active, QPalette::HighlightedText), size),
+                     QIcon::Normal, QIcon::On);
+    }
   }
   return icon;
 }
