@@ -12,6 +12,8 @@ namespace tembrel::test {
 
 namespace {
 
+constexpr std::uint32_t kMinute = 60U * 44100U;  // frames
+
 class SpectrumWindowTest : public QObject {
   Q_OBJECT
 
@@ -174,8 +176,8 @@ class SpectrumWindowTest : public QObject {
 
   void PlayingIsFollowedAndCanBeStoppedWhileItIsActive() {
     SpectrumDesk desk;
-    AudioWin& document = desk.OpenWave("a.wav", 44100 * 60, 16, 1);
-    ViewOf(document).Show(0, 44100 * 60);
+    AudioWin& document = desk.OpenWave("a.wav", kMinute, 16, 1);
+    ViewOf(document).Show(0, kMinute);
     desk.OpenSpectrum();
     const SpectrumBins start = desk.Window().Shown().bins;
     desk.Client().setActiveSubWindow(desk.Children().at(0));
