@@ -1,6 +1,8 @@
 // Sound servers that are not there, do not answer, or die.
 #include <chrono>
+#include <cstdio>
 #include <gtest/gtest.h>
+#include <memory>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -90,6 +92,16 @@ TEST_F(MissingServer, OneThatHangsIsWaitedForOnce) {
   EXPECT_LT(steady_clock::now() - start, seconds(10));
 }
 
+// Streams that the server has, whoever made them. Not by the code under test.
+std::ptrdiff_t CountStreams(const std::string& kind) {
+  const std::unique_ptr<FILE, int (*)(FILE*)> list(popen(("pactl list short " + kind).c_str(), "r"), pclose);
+  std::ptrdiff_t lines = 0;
+  for (int letter = std::fgetc(list.get()); letter != EOF; letter = std::fgetc(list.get())) {
+    lines += letter == '\n' ? 1 : 0;
+  }
+  return lines;
+}
+
 using DyingServer = RealSound;
 
 TEST_F(DyingServer, MakesPlayingSilentAndIsFoundAgain) {
@@ -103,7 +115,11 @@ TEST_F(DyingServer, MakesPlayingSilentAndIsFoundAgain) {
     server->Kill();
   }
   EXPECT_EQ(services.device->StopPlayback(), kDeviceSuccess);
-  EXPECT_EQ(services.device->Play(), kServerAbsent);
+  EXPECT_TRUE(Eventually([&] {
+    // Until the end of the connection was noticed there still seems to be a server.
+    services.device->StopPlayback();
+    return services.device->Play() == kServerAbsent;
+  }));
   EXPECT_EQ(services.device->ClosePlayback(), kDeviceSuccess);
   server->Start();
   ASSERT_TRUE(server->Running());
@@ -129,6 +145,42 @@ TEST_F(DyingServer, ThatFreezesIsWaitedForOnceAndUsedAgainWhenItAnswers) {
   EXPECT_LT(steady_clock::now() - start, seconds(10));
   server->Wake();
   EXPECT_TRUE(Eventually([&] { return services.mixer->Open(0)->SourceCount(0) == 3; }));
+}
+
+// The server makes in the end what it was asked for while it hung.
+TEST_F(DyingServer, MakesNoStreamThatWasGivenUpWhileItHung) {
+  const auto path = Write("a.wav", kStereo, NoiseBytes(kStereo, 10 * kFrames));
+  ASSERT_EQ(services.mixer->DeviceCount(), 1);
+  server->Freeze();
+  EXPECT_EQ(services.device->OpenRecording(), kDeviceSuccess);
+  EXPECT_EQ(services.device->Record(), kServerHung);
+  EXPECT_EQ(services.device->CloseRecording(), kDeviceSuccess);
+  EXPECT_EQ(services.device->OpenPlayback(path, 0), kDeviceSuccess);
+  services.device->Play();
+  services.device->StopPlayback();
+  EXPECT_EQ(services.device->ClosePlayback(), kDeviceSuccess);
+  server->Wake();
+  // The server has seen to all of the above before it answers this.
+  ASSERT_TRUE(Eventually([&] { return services.mixer->Open(0)->SourceCount(0) == 3; }));
+  EXPECT_TRUE(Eventually([] { return CountStreams("source-outputs") == 0; }));
+  EXPECT_TRUE(Eventually([] { return CountStreams("sink-inputs") == 0; }));
+  // One that is made meanwhile is counted.
+  EXPECT_EQ(services.device->OpenRecording(), kDeviceSuccess);
+  EXPECT_EQ(services.device->Record(), kDeviceSuccess);
+  EXPECT_EQ(CountStreams("source-outputs"), 1);
+}
+
+TEST_F(DyingServer, ThatHungAndWasRestartedIsFoundByTheNextCall) {
+  ASSERT_EQ(services.mixer->DeviceCount(), 1);
+  server->Freeze();
+  EXPECT_EQ(services.device->OpenRecording(), kDeviceSuccess);
+  EXPECT_EQ(services.device->Record(), kServerHung);
+  server->Kill();
+  ASSERT_TRUE(Eventually([&] { return services.device->Record() == kServerAbsent; }));
+  server->Start();
+  ASSERT_TRUE(server->Running());
+  EXPECT_EQ(services.device->Record(), kDeviceSuccess);
+  EXPECT_EQ(services.device->CloseRecording(), kDeviceSuccess);
 }
 
 TEST_F(DyingServer, WhilePlayingAndRecordingEndsWithTheProgram) {

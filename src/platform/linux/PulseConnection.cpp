@@ -95,6 +95,8 @@ void PulseConnection::Drop() {
 
 SoundFault PulseConnection::Connect() {
   if (context != nullptr && !PA_CONTEXT_IS_GOOD(pa_context_get_state(context))) {
+    // One that went in silence may hang still; another end says that a new server deserves its second.
+    patient = patient || pa_context_errno(context) != PA_ERR_TIMEOUT;
     Drop();
   }
   if (context == nullptr && !Begin()) {

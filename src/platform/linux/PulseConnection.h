@@ -38,6 +38,7 @@ class PulseConnection {
   SoundFault Connect();
   // Null before Connect() has succeeded.
   pa_context* Context() const { return context; }
+  pa_mainloop_api* Api() const { return pa_threaded_mainloop_get_api(loop); }
   // Waits until `done`, and returns whether it is. Ends early when the connection breaks, after a second, and
   // at once while an earlier wait was in vain and nothing was heard of the server since.
   bool WaitFor(const std::function<bool()>& done);

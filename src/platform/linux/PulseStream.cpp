@@ -33,6 +33,25 @@ void Release(pa_operation* operation) {
   }
 }
 
+void EndConnection(pa_mainloop_api* /*api*/, void* data) {
+  auto* const context = static_cast<pa_context*>(data);
+  pa_context_disconnect(context);
+  pa_context_unref(context);
+}
+
+// For a stream that was given up before the server had made it: the server would make it all the same.
+void EndWhenMade(pa_stream* stream, void* data) {
+  const pa_stream_state_t state = pa_stream_get_state(stream);
+  pa_context* const context = pa_stream_get_context(stream);
+  if (state == PA_STREAM_READY) {
+    pa_stream_disconnect(stream);
+  } else if (state == PA_STREAM_FAILED && pa_context_errno(context) == PA_ERR_TIMEOUT) {
+    // The library would not know the stream any more: it goes with the connection. Not from within a
+    // callback.
+    pa_mainloop_api_once(static_cast<pa_mainloop_api*>(data), EndConnection, pa_context_ref(context));
+  }
+}
+
 }  // namespace
 
 PulseStream::PulseStream(std::shared_ptr<PulseConnection> sharedConnection, const SoundFormat& soundFormat)
@@ -70,7 +89,10 @@ void PulseStream::Close() {
   pa_stream_set_state_callback(stream, nullptr, nullptr);
   pa_stream_set_write_callback(stream, nullptr, nullptr);
   pa_stream_set_read_callback(stream, nullptr, nullptr);
-  if (PA_STREAM_IS_GOOD(pa_stream_get_state(stream))) {
+  const pa_stream_state_t state = pa_stream_get_state(stream);
+  if (state == PA_STREAM_CREATING) {
+    pa_stream_set_state_callback(stream, EndWhenMade, connection->Api());
+  } else if (PA_STREAM_IS_GOOD(state)) {
     pa_stream_disconnect(stream);
   }
   pa_stream_unref(stream);
