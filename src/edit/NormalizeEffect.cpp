@@ -38,7 +38,7 @@ void AddTo(ChannelLevels& levels, std::span<const float> values) {
 
 void AddBlock8(Levels& levels, const WaveFormat& format, std::span<const std::byte> block) {
   std::array<float, kFramesAtOnce> buffer;
-  const auto frames = static_cast<std::int64_t>(block.size() / FrameSize(format));
+  const auto frames = static_cast<std::int64_t>(format.nChannels == 1 ? block.size() : block.size() / 2);
   for (std::size_t channel = 0; channel < format.nChannels; ++channel) {
     SamplesToFloat(format, block, buffer, frames,
                    format.nChannels == 1 ? kMonoChannel : static_cast<std::uint32_t>(channel + 1));
