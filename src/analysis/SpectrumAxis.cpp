@@ -1,11 +1,11 @@
 #include "analysis/SpectrumAxis.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "analysis/BinMarks.h"
 #include "analysis/NoteBands.h"
 #include "analysis/Spectrum.h"
+#include "picture/AxisLabel.h"
 
 namespace tembrel {
 
@@ -18,21 +18,10 @@ constexpr int kHalfBox = 20;
 constexpr int kTextTop = 4;
 constexpr int kTickEnd = 3;
 
-// A box that sticks out has that edge moved inwards by a third of the box, which moves the label.
 PixelRect BoxAround(int x, const PaintArea& area) {
   const int half = area.Scaled(kHalfBox);
   const int top = area.Scaled(kTextTop);
-  PixelRect box{x - half, top, 2 * half, std::max(area.height - top, 0)};
-  const int third = box.width / 3;
-  const bool sticksOutRight = box.x + box.width > area.width;
-  if (box.x < 0) {
-    box.x += third;
-    box.width -= third;
-  }
-  if (sticksOutRight) {
-    box.width -= third;
-  }
-  return box;
+  return LabelBox({x - half, top, 2 * half, std::max(area.height - top, 0)}, area.width);
 }
 
 }  // namespace
@@ -50,11 +39,6 @@ SpectrumAxis AxisOf(const PaintArea& area, std::uint32_t rate, const SpectrumVie
     }
   }
   return axis;
-}
-
-Pen SpectrumTickPen(const PaintArea& area) {
-  const int thickness = std::max(1, static_cast<int>(std::floor(area.Scale())));
-  return {kSpectrumTickColor, thickness, PenStyle::Dot, thickness};
 }
 
 }  // namespace tembrel

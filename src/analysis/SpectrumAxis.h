@@ -15,7 +15,6 @@ namespace tembrel {
 
 inline constexpr Rgb kSpectrumAxisPaperColor = 0xFFBEBEBE;  // the readout's too
 inline constexpr Rgb kSpectrumTextColor = 0xFF000000;
-inline constexpr Rgb kSpectrumTickColor = 0xFF464646;  // 70, 70, 70, dotted
 inline constexpr std::string_view kSpectrumAxisUnit = "Hz";
 
 // Device pixels. Texts are centred in their boxes, with their tops at the boxes' tops, and may stick out.
@@ -35,8 +34,5 @@ struct SpectrumAxis {
 // `area` is the axis', `rate` in hertz. Ticks stand right of the 60th logical pixel only, so that nothing
 // overwrites the unit.
 SpectrumAxis AxisOf(const PaintArea& area, std::uint32_t rate, const SpectrumView& view);
-
-// The pen of the ticks.
-Pen SpectrumTickPen(const PaintArea& area);
 
 }  // namespace tembrel

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "picture/AxisLabel.h"
 #include "view/TimeStep.h"
 
 namespace tembrel {
@@ -38,20 +39,9 @@ class RulerBuilder {
   RulerMarks Take() { return std::move(ruler); }
 
  private:
-  // A box that sticks out has that edge moved inwards by a third of the box, which moves the label.
   PixelRect BoxAround(int x) const {
     const int half = area.Scaled(kHalfBox);
-    PixelRect box{x - half, 0, 2 * half, tickTop};
-    const int third = box.width / 3;
-    const bool sticksOutRight = box.x + box.width > area.width;
-    if (box.x < 0) {
-      box.x += third;
-      box.width -= third;
-    }
-    if (sticksOutRight) {
-      box.width -= third;
-    }
-    return box;
+    return LabelBox({x - half, 0, 2 * half, tickTop}, area.width);
   }
 
   const PaintArea& area;
@@ -118,11 +108,6 @@ RulerMarks SampleRuler(const PaintArea& area, std::int64_t first, std::int64_t f
     ruler.Add(static_cast<std::int64_t>(Wide{frame - left} * area.width / shown), std::to_string(frame));
   }
   return ruler.Take();
-}
-
-Pen RulerTickPen(const PaintArea& area) {
-  const int thickness = std::max(1, static_cast<int>(std::floor(area.Scale())));
-  return {kRulerTickColor, thickness, PenStyle::Dot, thickness};
 }
 
 }  // namespace tembrel

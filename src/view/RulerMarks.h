@@ -14,7 +14,6 @@ namespace tembrel {
 
 inline constexpr Rgb kRulerPaperColor = 0xFFBEBEBE;  // 190, 190, 190; the amplitude scale's too
 inline constexpr Rgb kRulerTextColor = 0xFF000000;
-inline constexpr Rgb kRulerTickColor = 0xFF464646;  // 70, 70, 70, dotted
 
 // Device pixels.
 struct RulerTick {
@@ -45,8 +44,5 @@ std::int64_t SampleStep(std::int64_t raw);
 RulerMarks TimeRuler(const PaintArea& area, std::uint32_t rate, std::int64_t first,
                      std::int64_t framesOnScreen);
 RulerMarks SampleRuler(const PaintArea& area, std::int64_t first, std::int64_t framesOnScreen);
-
-// The pen of the ticks.
-Pen RulerTickPen(const PaintArea& area);
 
 }  // namespace tembrel

@@ -7,6 +7,7 @@
 #include "analysis/BinMarks.h"
 #include "analysis/SpectrumAxis.h"
 #include "analysis/SpectrumLines.h"
+#include "picture/AxisLabel.h"
 
 namespace tembrel {
 namespace {
@@ -105,7 +106,7 @@ TEST(SpectrumAxis, AllDistancesGrowWithTheScreensPixels) {
             (Labels{{240, "1378"}, {480, "2756"}, {720, "4134"}}));
   EXPECT_EQ(axis.ticks.at(0).box, (PixelRect{200, 8, 80, 26}));
   EXPECT_EQ(axis.ticks.at(0).line, (Line{240, 0, 240, 6}));
-  EXPECT_EQ(SpectrumTickPen({960, 34, 2.0}).thickness, 2);
+  EXPECT_EQ(TickPen({960, 34, 2.0}).thickness, 2);
 }
 
 TEST(SpectrumAxis, ANarrowOneHasNoTicksAndOneOfNoWidthDoesNoHarm) {

@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "app/ui/TopStrip.h"
+#include "picture/AxisLabel.h"
 #include "tests/gui/support/ActionMenu.h"
 #include "tests/gui/support/Desk.h"
 #include "tests/gui/support/GuiMain.h"
@@ -123,9 +124,9 @@ class RulersAndControlsTest : public QObject {
       }
     }
     const QImage samples = OnScreen(SampleRulerOf(desk));
-    QCOMPARE(ColumnsOf(samples, kRulerTickColor, samples.height() - 3, samples.height()), sampleTicks);
+    QCOMPARE(ColumnsOf(samples, kTickColor, samples.height() - 3, samples.height()), sampleTicks);
     const QImage times = OnScreen(TimeRulerOf(desk));
-    const QList<int> timeTicks = ColumnsOf(times, kRulerTickColor, 0, 3);
+    const QList<int> timeTicks = ColumnsOf(times, kTickColor, 0, 3);
     QCOMPARE(timeTicks.size(), 4);
     for (int i = 0; i < 4; ++i) {
       QVERIFY(std::abs(timeTicks.at(i) - (i + 1) * 0.2 * width) <= 1);

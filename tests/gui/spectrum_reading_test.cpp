@@ -89,7 +89,7 @@ class SpectrumReadingTest : public QObject {
       const QImage axis = OnScreen(desk.Axis());
       QCOMPARE(axis.width(), plot.width());
       for (int x = 61; x < plot.width(); ++x) {
-        QCOMPARE(axis.pixel(x, 0) == kSpectrumTickColor, plot.pixel(x, 0) == kSpectrumBinColor);
+        QCOMPARE(axis.pixel(x, 0) == kTickColor, plot.pixel(x, 0) == kSpectrumBinColor);
       }
     }
   }
@@ -356,4 +356,5 @@ class SpectrumReadingTest : public QObject {
 
 TEMBREL_GUI_TEST(tembrel::test::SpectrumReadingTest)
 
+#include "picture/AxisLabel.h"
 #include "spectrum_reading_test.moc"

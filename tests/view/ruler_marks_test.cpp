@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "picture/AxisLabel.h"
 #include "view/RulerMarks.h"
 #include "view/TimeStep.h"
 
@@ -110,7 +111,7 @@ TEST(TimeRuler, EverythingGrowsWithTheScale) {
   EXPECT_EQ(ruler.unitBox, (PixelRect{0, 0, 60, 34}));
   EXPECT_EQ(Columns(ruler), (std::vector<int>{120, 240, 360, 480, 600, 720, 840, 960, 1080}));
   EXPECT_EQ(ruler.ticks.front().box, (PixelRect{80, 0, 80, 26}));
-  EXPECT_EQ(RulerTickPen({1200, 34, 2.0}).thickness, 2);
+  EXPECT_EQ(TickPen({1200, 34, 2.0}).thickness, 2);
 }
 
 TEST(TimeRuler, WithoutSizeOrFramesItHasNoTicks) {

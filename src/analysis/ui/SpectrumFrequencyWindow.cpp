@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "analysis/SpectrumAxis.h"
+#include "picture/AxisLabel.h"
 #include "view/ui/DevicePixels.h"
 
 namespace tembrel {
@@ -38,7 +39,7 @@ void SpectrumFrequencyWindow::paintEvent(QPaintEvent* /*event*/) {
   Fill(raster, kSpectrumAxisPaperColor);
   const SpectrumAxis axis = AxisOf(area, spectrum.rate, view);
   for (const SpectrumTick& tick : axis.ticks) {
-    DrawLine(raster, tick.line, SpectrumTickPen(area));
+    DrawLine(raster, tick.line, TickPen(area));
   }
   painter.drawImage(0, 0, image);
   painter.setFont(ControlFont(kFontHeight, area));

@@ -23,7 +23,7 @@
 #include "analysis/ui/SpectrumFrequencyWindow.h"
 #include "document/Export.h"
 #include "view/ui/TMyScrollBar.h"
-#include "view/ui/ThemedIcon.h"
+#include "view/ui/ZoomButton.h"
 
 namespace tembrel {
 
@@ -31,18 +31,11 @@ namespace {
 
 constexpr std::uint32_t kRateWithoutSound = 44100;  // hertz
 constexpr int kScrollBarId = 0x2100;
-constexpr int kIconSize = 15;
 constexpr int kWheelStep = 120;
 
 constexpr char kExportName[] = "spectrum";
 const ExportKind kPictureFile{{"PNG pictures (*.png)", {"*.png"}}, ".png"};
 const ExportKind kNumbersFile{{"Comma-separated values (*.csv)", {"*.csv"}}, ".csv"};
-
-struct ZoomButtonRow {
-  int id;
-  const char* icon;
-  const char* name;
-};
 
 // From left to right, as those of the document windows.
 constexpr std::array kZoomButtons{
@@ -125,22 +118,9 @@ void SpectrumWin::CreateScrollBar() {
 
 void SpectrumWin::CreateZoomButtons() {
   for (const ZoomButtonRow& row : kZoomButtons) {
-    auto* button = new QToolButton(this);
-    button->setObjectName("ZoomButton");
-    button->setProperty("controlId", row.id);
-    button->setAccessibleName(row.name);
-    button->setToolTip(row.name);
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setIconSize({kIconSize, kIconSize});
+    auto* button = new ZoomButton(row, this);
     connect(button, &QToolButton::clicked, this, [this, row] { RunZoom(row.id); });
     zoomButtons << button;
-  }
-  RefreshIcons();
-}
-
-void SpectrumWin::RefreshIcons() {
-  for (std::size_t i = 0; i < kZoomButtons.size(); ++i) {
-    zoomButtons.at(static_cast<qsizetype>(i))->setIcon(ThemedIcon(kZoomButtons.at(i).icon, palette()));
   }
 }
 
@@ -355,13 +335,6 @@ void SpectrumWin::paintEvent(QPaintEvent* /*event*/) {
 
 void SpectrumWin::resizeEvent(QResizeEvent* /*event*/) {
   LayOut();
-}
-
-void SpectrumWin::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange && !zoomButtons.isEmpty()) {
-    RefreshIcons();
-  }
-  QWidget::changeEvent(event);
 }
 
 void SpectrumWin::closeEvent(QCloseEvent* event) {

@@ -57,7 +57,6 @@ class SpectrumWin : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -67,7 +66,6 @@ class SpectrumWin : public QWidget {
   void CreateActions();
   void CreateScrollBar();
   void CreateZoomButtons();
-  void RefreshIcons();
   void LayOut();
   void Repaint();
   void RunZoom(int command);

@@ -16,6 +16,7 @@
 #include "view/ui/RulerWindow.h"
 #include "view/ui/TMyScrollBar.h"
 #include "view/ui/ThemedIcon.h"
+#include "view/ui/ZoomButton.h"
 
 namespace tembrel {
 
@@ -30,12 +31,6 @@ constexpr int kViewTop = 55;
 QString ToText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
-
-struct ZoomButtonRow {
-  int id;
-  const char* icon;
-  const char* name;
-};
 
 constexpr std::array kZoomButtons{
     ZoomButtonRow{kViewZoomOut, "zoom-out", "Zoom out"},
@@ -105,6 +100,7 @@ void AudioWin::CreateToolButtons() {
     toolButtons << button;
   }
   toolButtons.at(kSelectionTool)->setChecked(true);
+  RefreshIcons();
 }
 
 void AudioWin::ShowTool(int index) {
@@ -140,23 +136,13 @@ void AudioWin::CreateScrollBars() {
 
 void AudioWin::CreateZoomButtons() {
   for (const ZoomButtonRow& row : kZoomButtons) {
-    auto* button = new QToolButton(this);
-    button->setProperty("controlId", row.id);
-    button->setAccessibleName(row.name);
-    button->setToolTip(row.name);
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setAutoRaise(false);
-    button->setIconSize({kIconSize, kIconSize});
+    auto* button = new ZoomButton(row, this);
     connect(button, &QToolButton::clicked, this, [this, row] { RunViewCommand(editWindow->View(), row.id); });
     zoomButtons << button;
   }
-  RefreshIcons();
 }
 
 void AudioWin::RefreshIcons() {
-  for (std::size_t i = 0; i < kZoomButtons.size(); ++i) {
-    zoomButtons.at(static_cast<qsizetype>(i))->setIcon(ThemedIcon(kZoomButtons.at(i).icon, palette()));
-  }
   for (std::size_t i = 0; i < kToolCount; ++i) {
     toolButtons.at(static_cast<qsizetype>(i))->setIcon(ThemedIcon(ToText(ToolButtons()[i].icon), palette()));
   }
@@ -227,7 +213,7 @@ void AudioWin::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void AudioWin::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange && !zoomButtons.isEmpty()) {
+  if (event->type() == QEvent::PaletteChange && !toolButtons.isEmpty()) {
     RefreshIcons();
   }
   QWidget::changeEvent(event);

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "picture/AxisLabel.h"
 #include "view/PixelMap.h"
 #include "view/ui/DevicePixels.h"
 
@@ -62,7 +63,7 @@ void RulerWindow::paintEvent(QPaintEvent* /*event*/) {
     Flip(marks, area.height);
   }
   for (const RulerTick& tick : marks.ticks) {
-    DrawLine(raster, tick.line, RulerTickPen(area));
+    DrawLine(raster, tick.line, TickPen(area));
   }
   if (mouseFrame) {
     const auto x = static_cast<int>(
