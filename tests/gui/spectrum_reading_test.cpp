@@ -8,6 +8,7 @@
 #include "analysis/SpectrumAxis.h"
 #include "analysis/SpectrumCsv.h"
 #include "analysis/SpectrumLayout.h"
+#include "picture/AxisLabel.h"
 #include "tests/gui/support/GuiMain.h"
 #include "tests/gui/support/Input.h"
 #include "tests/gui/support/SpectrumDesk.h"
@@ -356,5 +357,4 @@ class SpectrumReadingTest : public QObject {
 
 TEMBREL_GUI_TEST(tembrel::test::SpectrumReadingTest)
 
-#include "picture/AxisLabel.h"
 #include "spectrum_reading_test.moc"
