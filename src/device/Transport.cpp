@@ -115,15 +115,19 @@ void Transport::OnTick() {
   if (paused) {
     return;
   }
-  const std::uint32_t elapsed = now - startTime;
-  const std::int64_t frame = PlayedFrame(elapsed, startMs, playDocument->Rate());
-  if (!playScreenMode || frame < playDocument->FirstVisibleFrame() + playDocument->FramesOnScreen()) {
-    playDocument->SetCursorPosition(frame, false);
-  }
-  if (PlaybackIsOver(elapsed, startMs, endMs)) {
+  MoveCursorTo(now);
+  if (PlaybackIsOver(now - startTime, startMs, endMs)) {
     Stop();
     playDocument->SetCursorPosition(playDocument->FirstVisibleFrame(), false);
     playScreenMode = false;
+  }
+}
+
+// To where the sound is by the clock. The screen that Play Screen plays is not left.
+void Transport::MoveCursorTo(std::uint32_t now) {
+  const std::int64_t frame = PlayedFrame(now - startTime, startMs, playDocument->Rate());
+  if (!playScreenMode || frame < playDocument->FirstVisibleFrame() + playDocument->FramesOnScreen()) {
+    playDocument->SetCursorPosition(frame, false);
   }
 }
 
@@ -141,6 +145,10 @@ void Transport::Pause() {
     pauseTime = clock.Now();
     device.StopPlayback();
     device.ClosePlayback();
+    // The cursor stands where the last tick put it, and the sound is to go on where it stopped.
+    if (playDocument->IsOpen()) {
+      MoveCursorTo(pauseTime);
+    }
   } else {
     StartDevice(MillisecondsOfFrame(playDocument->CursorFrame(), playDocument->Rate()));
     resumeTime = clock.Now();

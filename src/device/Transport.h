@@ -65,6 +65,7 @@ class Transport {
   enum class Range { ToEnd, FromCursor, Screen };
   void StartPlaying(Range range);
   void StartDevice(std::int32_t fromMs);
+  void MoveCursorTo(std::uint32_t now);
   void StopPlaying();
   void StopRecording();
   bool KeepRecording();

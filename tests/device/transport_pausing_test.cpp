@@ -26,7 +26,7 @@ TEST(TransportPausing, ClosesTheDeviceAndHoldsTheCursor) {
   EXPECT_THAT(stage.device.TakeCalls(), ElementsAre("stop", "close"));
   stage.Run(3600'000);
   EXPECT_TRUE(stage.transport.Playing());
-  EXPECT_THAT(stage.Document().cursorMoves, IsEmpty());
+  EXPECT_THAT(stage.Document().cursorMoves, ElementsAre(44100));
 }
 
 TEST(TransportPausing, GoesOnWhereItStoodAfterFiveSeconds) {
@@ -58,6 +58,50 @@ TEST(TransportPausing, ManyTimesLosesNoTime) {
   }
   stage.Run(100);
   EXPECT_EQ(stage.Document().cursor, 7400LL * 441 / 10);
+}
+
+TEST(TransportPausing, BetweenTicksNeitherLosesNorRepeats) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.Run(1000);
+  stage.clock.now += 90;
+  stage.transport.Pause();
+  EXPECT_EQ(stage.Document().cursor, 1090 * 441 / 10);
+  stage.clock.now += 5000;
+  stage.device.TakeCalls();
+  stage.transport.Pause();
+  EXPECT_THAT(stage.device.TakeCalls(), ElementsAre("open song.wav 1090", "play"));
+  stage.Run(2010);
+  stage.clock.now += 30;
+  stage.transport.Pause();
+  stage.clock.now += 5000;
+  stage.device.TakeCalls();
+  stage.transport.Pause();
+  EXPECT_THAT(stage.device.TakeCalls(), ElementsAre("open song.wav 3130", "play"));
+}
+
+TEST(TransportPausing, TheCursorDoesNotLeaveTheScreenThatPlays) {
+  TransportStage stage;
+  stage.Document().onScreen = 44100;
+  stage.transport.PlayScreen();
+  stage.Run(900);
+  stage.clock.now += 99;
+  stage.transport.Pause();
+  EXPECT_EQ(stage.Document().cursor, 999 * 441 / 10);
+  stage.transport.Pause();
+  stage.clock.now += 11;
+  stage.transport.Pause();
+  EXPECT_EQ(stage.Document().cursor, 999 * 441 / 10);
+  EXPECT_EQ(stage.Document().first, 0);
+}
+
+TEST(TransportPausing, LeavesADocumentThatIsGoneAlone) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.Document().open = false;
+  stage.clock.now += 50;
+  stage.transport.Pause();
+  EXPECT_THAT(stage.Document().cursorMoves, IsEmpty());
 }
 
 // The sound goes on at the cursor, the position by the clock.
