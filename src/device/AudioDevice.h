@@ -43,6 +43,7 @@ class AudioDevice {
   virtual DeviceError SetRecordingFormat(const PlaybackFormat& format) = 0;
   // Starts recording from the server's recording source and returns at once.
   virtual DeviceError Record() = 0;
+  // What has stopped the recording before, or has kept its end from being taken down, if anything.
   virtual DeviceError StopRecording() = 0;
   // Moves what was recorded to `path`, which does not exist.
   virtual DeviceError SaveRecording(const std::filesystem::path& path) = 0;

@@ -33,7 +33,6 @@ class ServerAudioDevice : public AudioDevice {
   DeviceError OpenRecording() override;
   DeviceError SetRecordingFormat(const PlaybackFormat& format) override;
   DeviceError Record() override;
-  // Returns what has stopped the recording before, if anything.
   DeviceError StopRecording() override;
   // A recording that could not be saved is kept by CloseRecording(), to be recovered at the next start.
   DeviceError SaveRecording(const std::filesystem::path& path) override;

@@ -204,6 +204,7 @@ void Transport::Record() {
     return;
   }
   recording = true;
+  failureSaid = false;
   buttons.record = true;
   host.TransportChanged();
   PrepareMixer();
@@ -244,6 +245,7 @@ void Transport::OnMeter() {
     return;  // a failure is still there when the question is answered
   }
   host.StopMeter();
+  failureSaid = true;
   {
     const Raised open(asking);
     SayDeviceError(state.failure);
@@ -266,7 +268,10 @@ bool Transport::KeepRecording() {
   buttons.pause = false;
   host.TransportChanged();
   host.StopMeter();
-  device.StopRecording();
+  const DeviceError failure = device.StopRecording();
+  if (failure != kDeviceSuccess && !failureSaid) {
+    SayDeviceError(failure);  // before the name is asked: what is to be saved is not all
+  }
   const std::optional<std::filesystem::path> name = AskRecordingPath(prompts);
   bool saved = false;
   if (name) {

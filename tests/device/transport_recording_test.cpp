@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "tests/support/FileBytes.h"
 #include "tests/support/ScratchFolder.h"
@@ -252,12 +253,39 @@ TEST_F(TransportRecording, OneThatEndsByItselfIsSaidAndKept) {
   StartRecording();
   AnswerName("rest.wav");
   device.state = {1500, 0.5, 0.25, false, 7};
+  device.stopRecordingResult = 7;
   device.errorText = "The disk is full.";
   transport.OnMeter();
   EXPECT_THAT(prompts.errors, ElementsAre("The disk is full."));
   EXPECT_THAT(device.calls, ElementsAre("stop recording", "save rest.WAV", "close recording"));
   EXPECT_THAT(host.opened, ElementsAre(folder / "rest.WAV"));
   EXPECT_FALSE(transport.Recording());
+}
+
+TEST_F(TransportRecording, OneThatFailsWhileItIsStoppedIsSaidAndKept) {
+  device.stopRecordingResult = 7;
+  device.errorText = "The disk is full.";
+  for (const char* const name : {"one.wav", "two.wav"}) {
+    StartRecording();
+    AnswerName(name);
+    bool saidBefore = false;
+    device.onSave = [&](const std::filesystem::path&) { saidBefore = !prompts.errors.empty(); };
+    transport.Stop();
+    EXPECT_TRUE(saidBefore);
+    EXPECT_THAT(std::exchange(prompts.errors, {}), ElementsAre("The disk is full."));
+    EXPECT_FALSE(transport.Recording());
+  }
+  EXPECT_EQ(host.opened.size(), 2U);
+}
+
+TEST_F(TransportRecording, OneThatFailsWhileTheProgramEndsIsSaid) {
+  StartRecording();
+  AnswerName("take.wav");
+  prompts.answers = {Answer::Yes};
+  device.stopRecordingResult = 7;
+  EXPECT_TRUE(transport.MayEnd());
+  EXPECT_THAT(prompts.errors, ElementsAre("The device is on fire."));
+  EXPECT_THAT(host.opened, ElementsAre(folder / "take.WAV"));
 }
 
 TEST_F(TransportRecording, TheRecordingLineIsSelectedAtItsVolume) {

@@ -32,6 +32,7 @@ class FakeAudioDevice : public AudioDevice {
   DeviceError openRecordingResult = kDeviceSuccess;
   DeviceError formatResult = kDeviceSuccess;
   DeviceError recordResult = kDeviceSuccess;
+  DeviceError stopRecordingResult = kDeviceSuccess;
   DeviceError saveResult = kDeviceSuccess;
   RecordingState state;
   std::string errorText = "The device is on fire.";
@@ -60,7 +61,10 @@ class FakeAudioDevice : public AudioDevice {
     calls.emplace_back("record");
     return recordResult;
   }
-  DeviceError StopRecording() override { return Note("stop recording"); }
+  DeviceError StopRecording() override {
+    calls.emplace_back("stop recording");
+    return stopRecordingResult;
+  }
   DeviceError SaveRecording(const std::filesystem::path& path) override {
     calls.push_back("save " + path.filename().string());
     if (saveResult == kDeviceSuccess) {
