@@ -41,24 +41,27 @@ class SoundTap {
   SoundTap(const SoundTap&) = delete;
   SoundTap& operator=(const SoundTap&) = delete;
 
-  // Everything from the first frame that is not silent to the last.
+  // All frames that are not silent. A busy machine puts silence between them, which no program can help.
   std::vector<StereoFrame> Heard() const {
     const std::lock_guard lock(mutex);
-    std::size_t end = heard.size();
-    while (end > 0 && heard[end - 1] == 0) {
-      --end;
-    }
-    return {heard.begin(), heard.begin() + static_cast<std::ptrdiff_t>(end)};
+    return heard;
+  }
+  // Whether there was no silence between them.
+  bool WithoutGap() const {
+    const std::lock_guard lock(mutex);
+    return gap == 0;
   }
 
-  // Waits until sound was heard, and then for this many frames from its start on, silent or not.
+  // Waits for this many frames that are not silent.
   bool WaitForFrames(std::size_t frames) const {
     return Eventually([&] {
       const std::lock_guard lock(mutex);
       return heard.size() >= frames || deaf;
     });
   }
-  // Frames from now on, heard or not.
+  // And for silence behind them, in which anything more would be heard.
+  bool WaitForAll(std::size_t frames) const { return WaitForFrames(frames) && WaitForMore(10'000); }
+  // Frames from now on, silent or not.
   bool WaitForMore(std::uint64_t frames) const {
     const std::uint64_t now = passed;
     return Eventually([&] { return passed >= now + frames || deaf; });
@@ -73,9 +76,13 @@ class SoundTap {
            pa_simple_read(connection.get(), part.data(), part.size() * sizeof part[0], &error) >= 0) {
       const std::lock_guard lock(mutex);
       for (const StereoFrame frame : part) {
-        if (frame != 0 || !heard.empty()) {
-          heard.push_back(frame);
+        if (frame == 0) {
+          ++silence;
+          continue;
         }
+        gap += heard.empty() ? 0 : silence;
+        silence = 0;
+        heard.push_back(frame);
       }
       passed += part.size();
     }
@@ -84,7 +91,9 @@ class SoundTap {
 
   Simple connection;
   mutable std::mutex mutex;
-  std::vector<StereoFrame> heard;  // from the first that was not silent
+  std::vector<StereoFrame> heard;
+  std::size_t silence = 0;  // frames since the last that was heard
+  std::size_t gap = 0;      // silent frames between such that were heard
   std::atomic<std::uint64_t> passed = 0;
   std::atomic<bool> stopping = false;
   std::atomic<bool> deaf = false;  // nothing more comes

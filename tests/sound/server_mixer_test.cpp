@@ -3,7 +3,7 @@
 
 #include "device/RecordingSource.h"
 #include "device/ServerMixer.h"
-#include "tests/device/RealSound.h"
+#include "tests/sound/RealSound.h"
 
 namespace tembrel::test {
 namespace {

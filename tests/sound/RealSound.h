@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -52,6 +53,16 @@ class RealSound : public testing::Test {
 
 inline std::vector<StereoFrame> From(const std::vector<StereoFrame>& frames, std::size_t first) {
   return {frames.begin() + static_cast<std::ptrdiff_t>(first), frames.end()};
+}
+
+inline std::vector<StereoFrame> WithoutSilence(std::vector<StereoFrame> frames) {
+  std::erase(frames, StereoFrame{0});
+  return frames;
+}
+
+// For what a machine that is busy elsewhere can spoil, but not each time.
+inline bool OnceInThree(const std::function<bool()>& succeeds) {
+  return succeeds() || succeeds() || succeeds();
 }
 
 }  // namespace tembrel::test

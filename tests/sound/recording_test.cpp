@@ -5,7 +5,7 @@
 #include "audio/WaveReader.h"
 #include "device/DeviceErrors.h"
 #include "device/RecordingSource.h"
-#include "tests/device/RealSound.h"
+#include "tests/sound/RealSound.h"
 #include "tests/support/FileSizeLimit.h"
 
 namespace tembrel::test {
@@ -40,15 +40,6 @@ class Recording : public RealSound {
 
 Bytes BytesOfSound(const AudioClip& clip) {
   return {clip.Bytes().begin(), clip.Bytes().end()};
-}
-
-// Everything between the silence in front and behind.
-std::vector<StereoFrame> WithoutSilence(std::vector<StereoFrame> frames) {
-  while (!frames.empty() && frames.back() == 0) {
-    frames.pop_back();
-  }
-  frames.erase(frames.begin(), std::ranges::find_if(frames, [](StereoFrame frame) { return frame != 0; }));
-  return frames;
 }
 
 TEST_F(Recording, GivesASourceSampleForSample) {

@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 #include "device/DeviceErrors.h"
-#include "tests/device/RealSound.h"
+#include "tests/sound/RealSound.h"
 
 namespace tembrel::test {
 namespace {
@@ -89,7 +89,7 @@ TEST_F(MissingServer, OneThatHangsIsWaitedForOnce) {
   for (int i = 0; i < 20; ++i) {
     ExpectAllToFail(kServerHung, "The sound server does not answer.");
   }
-  EXPECT_LT(steady_clock::now() - start, seconds(10));
+  EXPECT_LT(steady_clock::now() - start, seconds(20));
 }
 
 // Streams that the server has, whoever made them. Not by the code under test.
@@ -142,7 +142,7 @@ TEST_F(DyingServer, ThatFreezesIsWaitedForOnceAndUsedAgainWhenItAnswers) {
     EXPECT_EQ(services.device->Record(), kServerHung);
     EXPECT_EQ(services.device->CloseRecording(), kDeviceSuccess);
   }
-  EXPECT_LT(steady_clock::now() - start, seconds(10));
+  EXPECT_LT(steady_clock::now() - start, seconds(20));
   server->Wake();
   EXPECT_TRUE(Eventually([&] { return services.mixer->Open(0)->SourceCount(0) == 3; }));
 }
