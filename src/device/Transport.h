@@ -96,7 +96,7 @@ class Transport {
   int rememberedLine = 0;
   std::int32_t rememberedVolume = 0;
   bool failureSaid = false;  // the user knows why the recording has stopped
-  bool asking = false;  // a question about the recording is open: its end is under way
+  bool asking = false;       // a question about the recording is open: its end is under way
 };
 
 }  // namespace tembrel
