@@ -1,6 +1,7 @@
 // The transport with the real clock and sound device: what is heard and recorded when its commands are given.
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <gtest/gtest.h>
 
 #include "audio/WaveReader.h"
@@ -89,19 +90,25 @@ TEST_F(TransportSound, FromTheCursorStartsThereWithinAMillisecond) {
   EXPECT_GE(first + 45, 20'021U);
 }
 
-// Pauses begin at all distances from the tick before.
+// Pauses that begin at different distances from the tick before. The server's buffer may be heard beyond the
+// place where a pause began, which could hide a gap: sound that goes on is to begin at that place.
 TEST_F(TransportSound, PauseAndResumeLoseNothing) {
+  constexpr double kFewMilliseconds = 440.0;
   EXPECT_TRUE(OnceInThree([&] {
-    std::size_t reached = 0;  // what was heard so far, from the start of the document on
-    bool lostNothing = true;
+    std::size_t reached = 0;     // what was heard so far, from the start of the document on
+    std::uint32_t pausedAt = 0;  // milliseconds
+    bool right = true;
     transport->Play();
     for (const std::uint32_t played : {290U, 220U, 0U}) {
       const SoundTap tap("out.monitor");
+      const std::uint32_t started = clock.Now();
+      std::uint32_t stoppedAt = started;
       if (reached > 0) {
         transport->Pause();
       }
       if (played > 0) {
         EXPECT_TRUE(TickFor(played));
+        stoppedAt = clock.Now();
         transport->Pause();
         EXPECT_TRUE(tap.WaitForSound());
         EXPECT_TRUE(tap.WaitForMore(30'000));
@@ -113,10 +120,12 @@ TEST_F(TransportSound, PauseAndResumeLoseNothing) {
       const auto place = std::ranges::search(all, heard);
       EXPECT_FALSE(heard.empty() || place.empty()) << "something else was heard";
       const auto first = static_cast<std::size_t>(place.begin() - all.begin());
-      lostNothing = lostNothing && first <= reached;
+      const double wanted = pausedAt * 44.1;
+      right = right && first <= reached && std::abs(static_cast<double>(first) - wanted) < kFewMilliseconds;
       reached = first + heard.size();
+      pausedAt += stoppedAt - started;
     }
-    return lostNothing && reached == kFrames;
+    return right && reached == kFrames;
   }));
 }
 
