@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "app/ui/TransportControl.h"
 #include "dialogs/ui/FilterDialog.h"
 #include "edit/FilterEffect.h"
 #include "tests/gui/support/ActionMenu.h"
@@ -15,7 +16,9 @@
 #include "tests/gui/support/GuiMain.h"
 #include "tests/support/EffectSession.h"
 #include "tests/support/FakeSoundPlayer.h"
+#include "tests/support/FakeTransport.h"
 #include "view/ActionMenu.h"
+#include "view/StripButtons.h"
 
 namespace tembrel::test {
 
@@ -103,6 +106,54 @@ class AuditionTest : public QObject {
     QCOMPARE(log.stops, 1);
     QVERIFY(!desk.Client().Auditioning());
     desk.Run(kCommandPlay);
+  }
+
+  void ASelectionEndsTheDocumentThatPlays() {
+    Desk desk(Desk::Asks::ByScript, Services());
+    desk.OpenWave("song.wav", 20 * kRate, 16, 1, kRate);
+    desk.Run(kCommandPlay);
+    ChooseAction(desk, 0, 1000, kActionPlay);
+    QTRY_COMPARE(log.played.size(), std::size_t{1});
+    QVERIFY(!desk.Client().Transport().Playing());
+    desk.Run(kCommandPlay);
+    desk.prompts.presetsToHear = {3};
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
+    QTRY_COMPARE(log.played.size(), std::size_t{2});
+    QVERIFY(!desk.Client().Transport().Playing());
+  }
+
+  void ARecordingHearsNoAudition() {
+    FakeAudioDevice* device = nullptr;
+    Desk desk(Desk::Asks::ByScript, [&] {
+      SoundServices services = Services()();
+      auto made = std::make_unique<FakeAudioDevice>();
+      device = made.get();
+      services.device = std::move(made);
+      return services;
+    });
+    desk.End();
+    WriteText(desk.paths.settingsFile, "[Digital Audio Recording]\r\nShow Dialog=0\r\n");
+    desk.Start();
+    desk.OpenWave("song.wav", 20 * kRate, 16, 1, kRate);
+    ChooseAction(desk, 0, 20 * kRate, kActionPlay);
+    QTRY_VERIFY(desk.Client().Auditioning());
+    int stopsBefore = 0;
+    device->onRecord = [&] { stopsBefore = log.stops; };
+    desk.Client().Transport().Press(kStripRecord);
+    QVERIFY(desk.Client().Transport().Recording());
+    QCOMPARE(stopsBefore, 1);
+    QVERIFY(!desk.Client().Auditioning());
+    log = {};
+    desk.prompts.notes.clear();
+    ChooseAction(desk, 0, 1000, kActionPlay);
+    QTRY_COMPARE(desk.prompts.notes,
+                 std::vector<std::string>{"Nothing can be played while a recording runs."});
+    desk.prompts.presetsToHear = {3};
+    ChooseAction(desk, 0, 1000, EffectId("filter"));
+    QTRY_COMPARE(desk.prompts.notes.size(), std::size_t{2});
+    QVERIFY(log.played.empty());
+    QVERIFY(desk.Client().Transport().Recording());
+    desk.Client().Transport().Press(kStripStop);
   }
 
   void TheSelectionThatIsHeardEndsWithItsDocumentOnly() {

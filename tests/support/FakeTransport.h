@@ -35,6 +35,8 @@ class FakeAudioDevice : public AudioDevice {
   DeviceError stopRecordingResult = kDeviceSuccess;
   DeviceError saveResult = kDeviceSuccess;
   RecordingState state;
+  // Runs when recording begins.
+  std::function<void()> onRecord = [] {};
   std::string errorText = "The device is on fire.";
   // Runs in the place of what a real device does when it saves.
   std::function<void(const std::filesystem::path&)> onSave = [](const std::filesystem::path&) {};
@@ -59,6 +61,7 @@ class FakeAudioDevice : public AudioDevice {
   }
   DeviceError Record() override {
     calls.emplace_back("record");
+    onRecord();
     return recordResult;
   }
   DeviceError StopRecording() override {

@@ -32,6 +32,7 @@ void TransportControl::Press(int tipId) {
     case kStripStop:
       return transport.Stop();
     case kStripRecord:
+      Q_EMIT recordingAsked();
       return transport.Record();
     default:
       return;

@@ -34,6 +34,7 @@ class TransportControl : public QObject, private TransportHost {
   void Play() { transport.Play(); }
   void PlayFromCursor() { transport.PlayFromCursor(); }
   void PlayScreen() { transport.PlayScreen(); }
+  void Stop() { transport.Stop(); }
   // The strip's button with this tool tip was let go.
   void Press(int tipId);
 
@@ -51,6 +52,8 @@ class TransportControl : public QObject, private TransportHost {
   void changed();
   // What plays has no file that could be heard, or that is over.
   void silentChanged(bool silent);
+  // A recording is to begin: what is heard otherwise would be in it.
+  void recordingAsked();
   void recordingStarted();
   void recordingProgressed(const tembrel::RecordingState& state);
   void recordingEnded();

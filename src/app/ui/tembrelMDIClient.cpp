@@ -54,7 +54,8 @@ tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore setti
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   auditionEnd.setSingleShot(true);
   connect(&auditionEnd, &QTimer::timeout, this, &tembrelMDIClient::auditionChanged);
-  // One thing is heard at a time, and a recording hears none.
+  // One thing is heard at a time, and a recording hears none; see MayPlay() too.
+  connect(transport.get(), &TransportControl::recordingAsked, this, &tembrelMDIClient::EndAudition);
   connect(transport.get(), &TransportControl::changed, this, [this] {
     if (transport->Playing() || transport->Recording()) {
       EndAudition();

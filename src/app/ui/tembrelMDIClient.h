@@ -104,6 +104,7 @@ class tembrelMDIClient : public QMdiArea {
   void RunEffect(AudioWin& window, const EffectRow& effect);
   std::optional<EffectParameters> AskParameters(const AudioClip& clip, const ByteRange& selection,
                                                 const EffectRow& effect);
+  bool MayPlay();
   void PlayPreview(FilterPreview& preview, int preset);
   void PlaySelection(AudioWin& window, const ByteRange& selection);
   void Run(AudioWin& window, const EditStep& step);

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "app/CommandIds.h"
+#include "app/ui/TransportControl.h"
 #include "app/ui/WaitCursor.h"
 #include "app/ui/tembrelMDIClient.h"
 #include "document/EffectQuestion.h"
@@ -126,7 +127,22 @@ std::optional<EffectParameters> tembrelMDIClient::AskParameters(const AudioClip&
   return parameters;
 }
 
+// Whether something beside a document may be heard now. Ends the document that plays.
+bool tembrelMDIClient::MayPlay() {
+  if (transport->Recording()) {
+    prompts.Inform("Nothing can be played while a recording runs.");
+    return false;
+  }
+  if (transport->Playing()) {
+    transport->Stop();
+  }
+  return true;
+}
+
 void tembrelMDIClient::PlayPreview(FilterPreview& preview, int preset) {
+  if (!MayPlay()) {
+    return;
+  }
   EndAudition();
   std::string message;
   {
@@ -142,7 +158,7 @@ void tembrelMDIClient::PlayPreview(FilterPreview& preview, int preset) {
 
 void tembrelMDIClient::PlaySelection(AudioWin& window, const ByteRange& selection) {
   const AudioClip* clip = window.Doc().Clip();
-  if (clip == nullptr) {
+  if (clip == nullptr || !MayPlay()) {
     return;
   }
   AuditionResult result;
