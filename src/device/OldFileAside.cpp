@@ -28,7 +28,9 @@ OldFileAside::OldFileAside(const std::filesystem::path& path) : place(path) {
   }
   const std::filesystem::path free = FreeNameBeside(place);
   std::filesystem::rename(place, free, error);
-  if (!error) {
+  if (error) {
+    reason = error.message();
+  } else {
     aside = free;
   }
 }

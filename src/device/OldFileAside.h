@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 namespace tembrel {
 
@@ -11,6 +12,8 @@ class OldFileAside {
  public:
   explicit OldFileAside(const std::filesystem::path& path);
 
+  // Why the file could not be renamed, in the system's words; empty when it could or there is none.
+  const std::string& Reason() const { return reason; }
   // The new file is not there: the old one comes back.
   void PutBack();
   // The new file is there: the old one goes.
@@ -19,6 +22,7 @@ class OldFileAside {
  private:
   std::filesystem::path place;
   std::filesystem::path aside;  // empty: nothing was moved
+  std::string reason;
 };
 
 }  // namespace tembrel

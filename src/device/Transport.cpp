@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "device/DeviceErrors.h"
 #include "device/OldFileAside.h"
 #include "device/RecordingName.h"
 #include "device/RecordingSource.h"
@@ -300,7 +301,12 @@ bool Transport::SaveRecording(const std::filesystem::path& path) {
   if (error != kDeviceSuccess) {
     old.PutBack();
     device.CloseRecording();
-    SayDeviceError(error);
+    if (old.Reason().empty()) {
+      SayDeviceError(error);
+    } else {
+      // All that the device saw is a file in its way.
+      prompts.Error(DeviceErrorText(kTakeNotSaved, old.Reason()));
+    }
     return false;
   }
   old.Remove();

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "tests/support/FileBytes.h"
+#include "tests/support/OrdinaryUser.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/TransportStage.h"
 
@@ -182,6 +183,25 @@ TEST_F(TransportRecording, AFailedSaveIsSaidAndTheOldFileIsStillThere) {
   EXPECT_THAT(folder.Names(), ElementsAre("take.WAV"));
   EXPECT_THAT(host.opened, IsEmpty());
   EXPECT_FALSE(transport.Recording());
+}
+
+TEST_F(TransportRecording, AFolderThatMayNotBeChangedIsTheReasonThatIsSaid) {
+  WriteText(folder / "take.WAV", "old");
+  std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
+  StartRecording();
+  AnswerName("take.wav");
+  prompts.answers = {Answer::Yes};
+  device.saveResult = 4;
+  {
+    const OrdinaryUser user;
+    ASSERT_TRUE(user.Effective());
+    transport.Stop();
+  }
+  std::filesystem::permissions(folder.Path(), std::filesystem::perms(0755));
+  EXPECT_THAT(prompts.errors,
+              ElementsAre("The recording could not be saved: Permission denied. It will be offered for "
+                          "recovery when Tembrel starts again."));
+  EXPECT_EQ(ReadText(folder / "take.WAV"), "old");
 }
 
 TEST_F(TransportRecording, ALinkStaysALink) {
