@@ -238,6 +238,33 @@ class RecordingSetupDialogTest : public QObject {
     QCOMPARE(Slider(dialog, 101).value(), 40);
   }
 
+  void WithoutALineTheSliderShowsAVolumeAndRests() {
+    Settings settings = Stored();
+    settings.recording.recordingLine = -1;
+    RecordingSetup setup(mixer, settings);
+    QVERIFY(setup.Slider(SetupLine::Recording).exists);
+    DigitalAudioDialog dialog(window.get(), setup);
+    Show(dialog);
+    QVERIFY(!Slider(dialog, 101).isEnabled());
+    QCOMPARE(Slider(dialog, 101).value(), setup.Slider(SetupLine::Recording).position);
+    QVERIFY(Slider(dialog, 102).isEnabled());
+    List(dialog, 104).setCurrentIndex(0);
+    QVERIFY(Slider(dialog, 101).isEnabled());
+  }
+
+  void TheSliderOfALineThatIsCrossedAwayRests() {
+    Settings settings = Stored();
+    settings.recording.recordingLine = 0;
+    settings.recording.savingLine = -1;
+    RecordingSetup setup(mixer, settings);
+    DigitalAudioDialog dialog(window.get(), setup);
+    Show(dialog);
+    QVERIFY(Slider(dialog, 101).isEnabled());
+    QVERIFY(!Slider(dialog, 102).isEnabled());
+    List(dialog, 103).setCurrentIndex(1);
+    QVERIFY(!Slider(dialog, 101).isEnabled());
+  }
+
   void TabVisitsEveryControlAndComesRound() {
     RecordingSetup setup(mixer, Stored());
     DigitalAudioDialog dialog(window.get(), setup);

@@ -244,6 +244,7 @@ void DigitalAudioDialog::SetTabOrder() {
 void DigitalAudioDialog::ShowLines() {
   for (const SetupLine which : {SetupLine::Recording, SetupLine::Saving}) {
     Fill(*Of(which).list, shown.LineNames(), shown.SelectedLine(which));
+    EnableSlider(which);
   }
   hint->setText(QString::fromStdString(shown.Hint()));
   hint->setVisible(!hint->text().isEmpty());
@@ -258,8 +259,13 @@ void DigitalAudioDialog::ShowSlider(SetupLine which) {
   slider.setPageStep(volume.pageStep);
   slider.setSingleStep(volume.lineStep);
   slider.setValue(Turned(which, volume.position, volume));
-  slider.setEnabled(volume.exists);
+  EnableSlider(which);
   ShowPercent(which);
+}
+
+// Without a line that is chosen a volume would be set on none.
+void DigitalAudioDialog::EnableSlider(SetupLine which) {
+  Of(which).slider->setEnabled(shown.Slider(which).exists && shown.SelectedLine(which).has_value());
 }
 
 void DigitalAudioDialog::ShowPercent(SetupLine which) {

@@ -40,6 +40,7 @@ class DigitalAudioDialog final : public ParameterDialog {
   void SetTabOrder();
   void ShowLines();
   void ShowSlider(SetupLine which);
+  void EnableSlider(SetupLine which);
   void ShowPercent(SetupLine which);
   void TakeFormat();
   const LineControls& Of(SetupLine which) const { return which == SetupLine::Recording ? recording : saving; }
