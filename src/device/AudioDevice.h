@@ -8,6 +8,7 @@
 #include <string>
 
 #include "audio/Settings.h"
+#include "platform/MoveFile.h"
 
 namespace tembrel {
 
@@ -45,8 +46,9 @@ class AudioDevice {
   virtual DeviceError Record() = 0;
   // What has stopped the recording before, or has kept its end from being taken down, if anything.
   virtual DeviceError StopRecording() = 0;
-  // Moves what was recorded to `path`, which does not exist.
-  virtual DeviceError SaveRecording(const std::filesystem::path& path) = 0;
+  // Moves what was recorded to `path`, which does not exist. On another disk that takes its time, of which
+  // `progress` tells unless it is empty.
+  virtual DeviceError SaveRecording(const std::filesystem::path& path, const MoveProgress& progress) = 0;
   // What was not saved is lost. Does nothing without an open recording.
   virtual DeviceError CloseRecording() = 0;
   // Peaks and clip mark start anew with every question.

@@ -149,13 +149,14 @@ DeviceError ServerAudioDevice::StopRecording() {
   return Failed(failure, take->FailureReason());
 }
 
-DeviceError ServerAudioDevice::SaveRecording(const std::filesystem::path& path) {
+DeviceError ServerAudioDevice::SaveRecording(const std::filesystem::path& path,
+                                             const MoveProgress& progress) {
   if (take == nullptr) {
     return Failed(kNothingOpen, {});
   }
   StopRecording();
   std::string reason;
-  saveFailed = !take->MoveTo(path, reason);
+  saveFailed = !take->MoveTo(path, progress, reason);
   if (saveFailed) {
     return Failed(kTakeNotSaved, reason);
   }

@@ -35,7 +35,7 @@ class ServerAudioDevice : public AudioDevice {
   DeviceError Record() override;
   DeviceError StopRecording() override;
   // A recording that could not be saved is kept by CloseRecording(), to be recovered at the next start.
-  DeviceError SaveRecording(const std::filesystem::path& path) override;
+  DeviceError SaveRecording(const std::filesystem::path& path, const MoveProgress& progress) override;
   DeviceError CloseRecording() override;
   RecordingState AskRecording() override;
 

@@ -17,7 +17,7 @@ class SilentDevice : public AudioDevice {
   DeviceError SetRecordingFormat(const PlaybackFormat&) override { return kDeviceSuccess; }
   DeviceError Record() override { return kNoServer; }
   DeviceError StopRecording() override { return kDeviceSuccess; }
-  DeviceError SaveRecording(const std::filesystem::path&) override { return kNoServer; }
+  DeviceError SaveRecording(const std::filesystem::path&, const MoveProgress&) override { return kNoServer; }
   DeviceError CloseRecording() override { return kDeviceSuccess; }
   RecordingState AskRecording() override { return {}; }
   std::string ErrorText(DeviceError error) const override {

@@ -153,8 +153,8 @@ void Take::Finish() {
   }
 }
 
-bool Take::MoveTo(const std::filesystem::path& target, std::string& reason) {
-  return file.MoveTo(target, reason);
+bool Take::MoveTo(const std::filesystem::path& target, const MoveProgress& progress, std::string& reason) {
+  return file.MoveTo(target, progress, reason);
 }
 
 void Take::Remove() {

@@ -46,7 +46,7 @@ class Take {
 
   // Waits until everything is in the file. The rest is for afterwards.
   void Finish();
-  bool MoveTo(const std::filesystem::path& target, std::string& reason);
+  bool MoveTo(const std::filesystem::path& target, const MoveProgress& progress, std::string& reason);
   void Remove();
 
  private:

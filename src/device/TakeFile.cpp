@@ -8,7 +8,6 @@
 #include "audio/ProgramPaths.h"
 #include "audio/WaveWriter.h"
 #include "document/TempCopy.h"
-#include "platform/MoveFile.h"
 #include "platform/ReplaceFile.h"
 
 namespace tembrel {
@@ -93,8 +92,8 @@ bool TakeFile::Settle(std::string& reason) {
   return true;
 }
 
-bool TakeFile::MoveTo(const fs::path& target, std::string& reason) {
-  const ReplaceResult moved = MoveFile(path, target);
+bool TakeFile::MoveTo(const fs::path& target, const MoveProgress& progress, std::string& reason) {
+  const ReplaceResult moved = MoveFile(path, target, progress);
   reason = moved.reason;
   if (moved.ok) {
     std::error_code ignored;

@@ -10,6 +10,7 @@
 
 #include "audio/Settings.h"
 #include "platform/FileLock.h"
+#include "platform/MoveFile.h"
 #include "platform/OutputFile.h"
 
 namespace tembrel {
@@ -34,7 +35,7 @@ class TakeFile {
   bool Settle(std::string& reason);
 
   // Gives the file its name for good and forgets it. On failure it is as it was.
-  bool MoveTo(const std::filesystem::path& target, std::string& reason);
+  bool MoveTo(const std::filesystem::path& target, const MoveProgress& progress, std::string& reason);
   void Remove();
 
  private:

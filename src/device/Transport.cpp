@@ -288,6 +288,15 @@ bool Transport::KeepRecording() {
   return saved;
 }
 
+// A long take that goes to another disk is copied; the window shows how far it is.
+DeviceError Transport::SaveTo(const std::filesystem::path& target) {
+  const std::unique_ptr<ProgressDisplay> display =
+      prompts.ShowProgress("Saving " + target.filename().string());
+  display->ForbidCancel();
+  return device.SaveRecording(
+      target, [&display](std::uint64_t done, std::uint64_t total) { display->Report(done, total); });
+}
+
 bool Transport::SaveRecording(const std::filesystem::path& path) {
   std::error_code ignored;
   if (std::filesystem::exists(path, ignored) && !prompts.AskYesNo(path.string() + " exists. Overwrite?")) {
@@ -297,7 +306,7 @@ bool Transport::SaveRecording(const std::filesystem::path& path) {
   // A link stays one: what it leads to is replaced.
   const std::filesystem::path target = ResolveLinks(path);
   OldFileAside old(target);
-  const DeviceError error = device.SaveRecording(target);
+  const DeviceError error = SaveTo(target);
   if (error != kDeviceSuccess) {
     old.PutBack();
     device.CloseRecording();

@@ -71,6 +71,7 @@ class Transport {
   bool KeepRecording();
   bool OpenAndRecord();
   void PrepareMixer();
+  DeviceError SaveTo(const std::filesystem::path& target);
   bool SaveRecording(const std::filesystem::path& path);
   void SayDeviceError(DeviceError error);
 

@@ -49,7 +49,7 @@ TEST_F(ATake, HoldsWhatWasPushedInOrder) {
   }
   take->Finish();
   EXPECT_EQ(take->Ask().milliseconds, 5000);
-  ASSERT_TRUE(take->MoveTo(home / "take.WAV", reason)) << reason;
+  ASSERT_TRUE(take->MoveTo(home / "take.WAV", {}, reason)) << reason;
   EXPECT_EQ(ReadBytes(home / "take.WAV"), WaveFile(11025, 8, 1, data));
   EXPECT_THAT(temp.Names(), IsEmpty());
 }
@@ -188,7 +188,7 @@ TEST_F(ATake, ANameThatIsTakenStaysAndTheTakeToo) {
   take->Push(BytesOf({1, 2}));
   take->Finish();
   WriteText(home / "take.WAV", "old");
-  EXPECT_FALSE(take->MoveTo(home / "take.WAV", reason));
+  EXPECT_FALSE(take->MoveTo(home / "take.WAV", {}, reason));
   EXPECT_EQ(reason, "File exists");
   EXPECT_EQ(ReadText(home / "take.WAV"), "old");
   EXPECT_EQ(Sound(First()), BytesOf({1, 2}));

@@ -106,6 +106,20 @@ TEST_F(TransportRecording, StopAsksForANameSavesAndOpensTheTake) {
   EXPECT_EQ(ReadText(folder / "take.WAV"), "the take");
 }
 
+TEST_F(TransportRecording, ALongSaveShowsHowFarItIsAndIsNotCancelled) {
+  StartRecording();
+  AnswerName("take.wav");
+  std::vector<std::uint64_t> steps;
+  prompts.onProgress = [&](std::uint64_t done, std::uint64_t total) {
+    EXPECT_EQ(total, 2U);
+    steps.push_back(done);
+    return false;
+  };
+  transport.Stop();
+  EXPECT_THAT(steps, ElementsAre(1));
+  EXPECT_EQ(ReadText(folder / "take.WAV"), "the take");
+}
+
 TEST_F(TransportRecording, WithoutANameTheTakeIsLost) {
   StartRecording();
   transport.Stop();

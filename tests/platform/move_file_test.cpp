@@ -1,5 +1,7 @@
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <vector>
 
 #include "platform/MoveFile.h"
 #include "tests/support/FileBytes.h"
@@ -38,10 +40,15 @@ TEST_F(MovingAFile, CopiesItToAnotherDisk) {
       here.st_dev == there.st_dev) {
     GTEST_SKIP() << "there is no second file system to move to";
   }
-  const std::string content(3'000'001, 'x');
+  const std::string content(20'000'001, 'x');
   WriteText(From(), content);
-  const ReplaceResult moved = MoveFile(From(), other);
+  std::vector<std::uint64_t> steps;
+  const ReplaceResult moved = MoveFile(From(), other, [&](std::uint64_t done, std::uint64_t total) {
+    EXPECT_EQ(total, content.size());
+    steps.push_back(done);
+  });
   EXPECT_TRUE(moved.ok) << moved.reason;
+  EXPECT_EQ(steps, (std::vector<std::uint64_t>{8U << 20U, 16U << 20U}));
   EXPECT_TRUE(ReadText(other) == content);
   EXPECT_FALSE(fs::exists(From()));
   fs::remove(other);

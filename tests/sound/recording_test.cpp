@@ -30,7 +30,7 @@ class Recording : public RealSound {
   }
   std::unique_ptr<AudioClip> Saved() const {
     EXPECT_EQ(services.device->StopRecording(), kDeviceSuccess);
-    EXPECT_EQ(services.device->SaveRecording(folder / "take.WAV"), kDeviceSuccess);
+    EXPECT_EQ(services.device->SaveRecording(folder / "take.WAV", {}), kDeviceSuccess);
     EXPECT_EQ(services.device->CloseRecording(), kDeviceSuccess);
     LoadResult loaded = LoadClip(folder / "take.WAV", 0, 0, 0, false);
     EXPECT_EQ(loaded.reason, "");
@@ -118,7 +118,7 @@ TEST_F(Recording, ClosedWithoutSavingLeavesNothing) {
   EXPECT_EQ(services.device->StopRecording(), kDeviceSuccess);
   EXPECT_EQ(services.device->CloseRecording(), kDeviceSuccess);
   EXPECT_EQ(folder.Names(), before);
-  EXPECT_EQ(services.device->SaveRecording(folder / "take.WAV"), kNothingOpen);
+  EXPECT_EQ(services.device->SaveRecording(folder / "take.WAV", {}), kNothingOpen);
 }
 
 TEST_F(Recording, AFullDiskStopsItAndKeepsWhatIsThere) {
@@ -134,7 +134,7 @@ TEST_F(Recording, AFullDiskStopsItAndKeepsWhatIsThere) {
               "The recording has stopped: File too large. What was recorded is kept.");
     EXPECT_EQ(services.device->StopRecording(), kTakeNotWritten);
   }
-  ASSERT_EQ(services.device->SaveRecording(folder / "take.WAV"), kDeviceSuccess);
+  ASSERT_EQ(services.device->SaveRecording(folder / "take.WAV", {}), kDeviceSuccess);
   const LoadResult loaded = LoadClip(folder / "take.WAV", 0, 0, 0, false);
   ASSERT_NE(loaded.clip, nullptr) << loaded.reason;
   EXPECT_EQ(loaded.clip->dataSize, (kRoom - 44) / 4 * 4);
@@ -153,7 +153,7 @@ TEST_F(Recording, ADyingServerEndsItAndWhatWasRecordedStays) {
   EXPECT_EQ(services.device->ErrorText(kServerLost),
             "The recording has stopped: the sound server or its source is gone. What was recorded is kept.");
   EXPECT_EQ(services.device->StopRecording(), kServerLost);
-  ASSERT_EQ(services.device->SaveRecording(folder / "take.WAV"), kDeviceSuccess);
+  ASSERT_EQ(services.device->SaveRecording(folder / "take.WAV", {}), kDeviceSuccess);
   EXPECT_EQ(services.device->CloseRecording(), kDeviceSuccess);
   const LoadResult loaded = LoadClip(folder / "take.WAV", 0, 0, 0, false);
   ASSERT_NE(loaded.clip, nullptr) << loaded.reason;
@@ -167,7 +167,7 @@ TEST_F(Recording, AFailedSaveKeepsItForRecovery) {
   Start({44100, 16, 1});
   ASSERT_TRUE(WaitForMore(700));
   services.device->StopRecording();
-  EXPECT_EQ(services.device->SaveRecording(folder / "no such folder" / "take.WAV"), kTakeNotSaved);
+  EXPECT_EQ(services.device->SaveRecording(folder / "no such folder" / "take.WAV", {}), kTakeNotSaved);
   EXPECT_EQ(
       services.device->ErrorText(kTakeNotSaved),
       "The recording could not be saved: No such file or directory. It will be offered for recovery when "

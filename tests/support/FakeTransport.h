@@ -68,9 +68,10 @@ class FakeAudioDevice : public AudioDevice {
     calls.emplace_back("stop recording");
     return stopRecordingResult;
   }
-  DeviceError SaveRecording(const std::filesystem::path& path) override {
+  DeviceError SaveRecording(const std::filesystem::path& path, const MoveProgress& progress) override {
     calls.push_back("save " + path.filename().string());
     if (saveResult == kDeviceSuccess) {
+      progress(1, 2);
       onSave(path);
     }
     return saveResult;

@@ -18,8 +18,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kCopyStep = std::size_t{1} << 20U;
+// Flushed so often, a slow disk is waited for on the way, where the progress tells of it.
+constexpr std::uint64_t kFlushStep = std::uint64_t{8} << 20U;
 
-bool CopyInto(OutputFile& target, const fs::path& from, std::string& reason) {
+bool CopyInto(OutputFile& target, const fs::path& from, const MoveProgress& progress, std::string& reason) {
   const std::optional<InputFile> source = InputFile::Open(from, reason);
   if (!source) {
     return false;
@@ -35,6 +37,14 @@ bool CopyInto(OutputFile& target, const fs::path& from, std::string& reason) {
       return false;
     }
     done += got;
+    if (done % kFlushStep < got) {
+      if (!target.Flush(reason)) {
+        return false;
+      }
+      if (progress) {
+        progress(done, source->Size());
+      }
+    }
   }
   return target.Flush(reason);
 }
@@ -49,7 +59,8 @@ bool Settle(const fs::path& file, const fs::path& likeThis, std::string& reason)
   return settled->Flush(reason) && settled->Close(reason);
 }
 
-bool MoveOver(OutputFile& placeholder, const fs::path& from, const fs::path& to, std::string& reason) {
+bool MoveOver(OutputFile& placeholder, const fs::path& from, const fs::path& to, const MoveProgress& progress,
+              std::string& reason) {
   if (!Settle(from, to, reason)) {
     return false;
   }
@@ -60,12 +71,12 @@ bool MoveOver(OutputFile& placeholder, const fs::path& from, const fs::path& to,
     reason = SystemReason(errno);
     return false;
   }
-  return CopyInto(placeholder, from, reason) && placeholder.Close(reason);
+  return CopyInto(placeholder, from, progress, reason) && placeholder.Close(reason);
 }
 
 }  // namespace
 
-ReplaceResult MoveFile(const fs::path& from, const fs::path& to) {
+ReplaceResult MoveFile(const fs::path& from, const fs::path& to, const MoveProgress& progress) {
   ReplaceResult result;
   const fs::path target = ResolveLinks(to);
   std::optional<OutputFile> placeholder =
@@ -73,7 +84,7 @@ ReplaceResult MoveFile(const fs::path& from, const fs::path& to) {
   if (!placeholder) {
     return result;
   }
-  result.ok = MoveOver(*placeholder, from, target, result.reason);
+  result.ok = MoveOver(*placeholder, from, target, progress, result.reason);
   if (result.ok) {
     FlushFolder(target.parent_path());
     unlink(from.c_str());  // still there after a copy
