@@ -139,8 +139,8 @@ TEST_F(ATake, AFullDiskLeavesWholeFrames) {
     EXPECT_EQ(take->FailureReason(), "File too large");
     const std::size_t size = Sound(First()).size();
     EXPECT_EQ(size, format.bits == 8 ? 10'002U : 10'000U);
-    EXPECT_EQ(take->Ask().milliseconds,
-              static_cast<std::int64_t>(size / (format.bits / 8 * format.channels) * 1000 / format.rate));
+    const std::size_t frameSize = std::size_t{format.bits} / 8 * format.channels;
+    EXPECT_EQ(take->Ask().milliseconds, static_cast<std::int64_t>(size / frameSize * 1000 / format.rate));
     take->Remove();
   }
 }

@@ -96,7 +96,7 @@ TEST_F(AFile, IsReadWithinLimits) {
 TEST_F(AFile, WithManyFramesThatHaveGapsIsReadInPieces) {
   Bytes record = Record(44100, 8, 1);
   Put16(record, 12, 60'000);
-  Bytes data(3 * 60'000);
+  Bytes data(std::size_t{3} * 60'000);
   data[0] = std::byte{1};
   data[60'000] = std::byte{2};
   data[120'000] = std::byte{3};

@@ -26,7 +26,8 @@ Bytes Part(const AudioClip& clip, const ByteRange& range) {
 TEST(FilterPreview, IsWhatTheCommandMakesOfTheSameFrames) {
   for (const WaveFormat& format : kLayouts) {
     const AudioClip clip = Noise(format, 0.6);
-    const ByteRange range{1000 * format.nBlockAlign, 9000 * format.nBlockAlign};
+    const std::int64_t frameSize = format.nBlockAlign;
+    const ByteRange range{1000 * frameSize, 9000 * frameSize};
     for (const int preset : {0, 4, 9}) {
       FilterPreview preview(clip, range);
       const FilterPreview::Result result = preview.Make(preset);
@@ -53,7 +54,7 @@ TEST(FilterPreview, IsOfSixSecondsAtMost) {
        {std::pair{kLayouts[0], 22050 * 6}, std::pair{kLayouts[1], 22050 * 12},
         std::pair{kLayouts[2], 44100 * 12}, std::pair{kLayouts[3], 44100 * 24}}) {
     const AudioClip clip = Noise(format, 6.5);
-    const std::int64_t start = 100 * format.nBlockAlign;
+    const std::int64_t start = std::int64_t{100} * format.nBlockAlign;
     FilterPreview preview(clip, {start, clip.dataSize});
     EXPECT_EQ(preview.Range(), (ByteRange{start, clip.dataSize}));
     const FilterPreview::Result result = preview.Make(8);
@@ -72,7 +73,7 @@ TEST(FilterPreview, StaysShortenedForLaterPreviews) {
   ASSERT_NE(preview.Make(1).sound, nullptr);
   const FilterPreview::Result second = preview.Make(2);
   EXPECT_EQ(second.sound->dataSize, 22050 * 6);
-  EXPECT_EQ(preview.Range(), (ByteRange{0, 22050 * 6}));
+  EXPECT_EQ(preview.Range(), (ByteRange{0, std::int64_t{22050} * 6}));
   EXPECT_EQ(BytesOfClip(*second.sound),
             After(kLayouts[0], Part(clip, preview.Range()), FilterEdit(preview.Range(), 2)));
 }

@@ -25,6 +25,7 @@ namespace tembrel::test {
 namespace {
 
 constexpr std::uint32_t kRate = 11025;
+constexpr std::uint32_t kTwentySeconds = 20 * kRate;
 constexpr std::size_t kSixSeconds = std::size_t{6} * kRate;
 
 class AuditionTest : public QObject {
@@ -78,9 +79,9 @@ class AuditionTest : public QObject {
 
   void TheStopButtonEndsTheSelectionThatIsHeard() {
     Desk desk(Desk::Asks::ByScript, Services());
-    desk.OpenWave("song.wav", 20 * kRate, 16, 1, kRate);
+    desk.OpenWave("song.wav", kTwentySeconds, 16, 1, kRate);
     QVERIFY(!StopButton(desk).isEnabled());
-    ChooseAction(desk, 0, 20 * kRate, kActionPlay);
+    ChooseAction(desk, 0, kTwentySeconds, kActionPlay);
     QTRY_VERIFY(StopButton(desk).isEnabled());
     QCOMPARE(log.stops, 0);
     QTest::mouseClick(&StopButton(desk), Qt::LeftButton);
@@ -99,8 +100,8 @@ class AuditionTest : public QObject {
 
   void PlayingTheDocumentEndsTheSelectionThatIsHeard() {
     Desk desk(Desk::Asks::ByScript, Services());
-    desk.OpenWave("song.wav", 20 * kRate, 16, 1, kRate);
-    ChooseAction(desk, 0, 20 * kRate, kActionPlay);
+    desk.OpenWave("song.wav", kTwentySeconds, 16, 1, kRate);
+    ChooseAction(desk, 0, kTwentySeconds, kActionPlay);
     QTRY_VERIFY(desk.Client().Auditioning());
     desk.Run(kCommandPlay);
     QCOMPARE(log.stops, 1);
@@ -110,7 +111,7 @@ class AuditionTest : public QObject {
 
   void ASelectionEndsTheDocumentThatPlays() {
     Desk desk(Desk::Asks::ByScript, Services());
-    desk.OpenWave("song.wav", 20 * kRate, 16, 1, kRate);
+    desk.OpenWave("song.wav", kTwentySeconds, 16, 1, kRate);
     desk.Run(kCommandPlay);
     ChooseAction(desk, 0, 1000, kActionPlay);
     QTRY_COMPARE(log.played.size(), std::size_t{1});
@@ -134,8 +135,8 @@ class AuditionTest : public QObject {
     desk.End();
     WriteText(desk.paths.settingsFile, "[Digital Audio Recording]\r\nShow Dialog=0\r\n");
     desk.Start();
-    desk.OpenWave("song.wav", 20 * kRate, 16, 1, kRate);
-    ChooseAction(desk, 0, 20 * kRate, kActionPlay);
+    desk.OpenWave("song.wav", kTwentySeconds, 16, 1, kRate);
+    ChooseAction(desk, 0, kTwentySeconds, kActionPlay);
     QTRY_VERIFY(desk.Client().Auditioning());
     int stopsBefore = 0;
     device->onRecord = [&] { stopsBefore = log.stops; };
@@ -158,8 +159,8 @@ class AuditionTest : public QObject {
 
   void TheSelectionThatIsHeardEndsWithItsDocumentOnly() {
     Desk desk(Desk::Asks::ByScript, Services());
-    desk.OpenWave("a.wav", 20 * kRate, 16, 1, kRate);
-    ChooseAction(desk, 0, 20 * kRate, kActionPlay);
+    desk.OpenWave("a.wav", kTwentySeconds, 16, 1, kRate);
+    ChooseAction(desk, 0, kTwentySeconds, kActionPlay);
     QTRY_VERIFY(desk.Client().Auditioning());
     desk.OpenWave("b.wav");
     desk.Run(kCommandClose);
