@@ -117,9 +117,9 @@ TEST_F(TransportSound, PauseAndResumeLoseNothing) {
         EXPECT_TRUE(tap.WaitForMore(30'000));
       }
       const std::vector<StereoFrame> heard = tap.Heard();
-      const auto place = std::ranges::search(all, heard);
-      EXPECT_FALSE(heard.empty() || place.empty()) << "something else was heard";
-      const auto first = static_cast<std::size_t>(place.begin() - all.begin());
+      const auto place = std::search(all.begin(), all.end(), heard.begin(), heard.end());
+      EXPECT_FALSE(heard.empty() || place == all.end()) << "something else was heard";
+      const auto first = static_cast<std::size_t>(place - all.begin());
       const double wanted = pausedAt * 44.1;
       right = right && first <= reached && std::abs(static_cast<double>(first) - wanted) < kFewMilliseconds;
       reached = first + heard.size();
