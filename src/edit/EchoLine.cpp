@@ -16,7 +16,7 @@ constexpr std::int64_t kRun = 1024;
 
 // Vectors that lie in two cache lines take twice as long.
 constexpr std::size_t kCacheLine = 64;
-constexpr auto kAligned = static_cast<std::int64_t>(kCacheLine / sizeof(double));
+constexpr auto kAligned = static_cast<std::int64_t>(kCacheLine / sizeof(float));
 
 TEMBREL_WIDEST_LOOPS
 void Widen(const float* __restrict samples, double* __restrict values, std::size_t count) {
@@ -34,11 +34,24 @@ void Narrow(const double* __restrict values, float* __restrict samples, std::siz
 
 // Each output takes the place of the one that it echoes. All values are floats.
 TEMBREL_WIDEST_LOOPS
-void AddEchoes(double* __restrict values, double* __restrict outputs, std::size_t count) {
+void AddEchoes(double* __restrict values, float* __restrict outputs, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    const double sum = values[i] + outputs[i] * kEcho;
-    values[i] = static_cast<float>(sum);
-    outputs[i] = values[i];
+    const double sum = values[i] + static_cast<double>(outputs[i]) * kEcho;
+    outputs[i] = static_cast<float>(sum);
+    values[i] = outputs[i];
+  }
+}
+
+// One tap after the other, sample by sample: what lies between them stays in the processor.
+TEMBREL_WIDEST_LOOPS
+void AddFourEchoes(float* __restrict samples, float* __restrict first, float* __restrict second,
+                   float* __restrict third, float* __restrict fourth, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    first[i] = static_cast<float>(static_cast<double>(samples[i]) + static_cast<double>(first[i]) * kEcho);
+    second[i] = static_cast<float>(static_cast<double>(first[i]) + static_cast<double>(second[i]) * kEcho);
+    third[i] = static_cast<float>(static_cast<double>(second[i]) + static_cast<double>(third[i]) * kEcho);
+    fourth[i] = static_cast<float>(static_cast<double>(third[i]) + static_cast<double>(fourth[i]) * kEcho);
+    samples[i] = fourth[i];
   }
 }
 
@@ -54,10 +67,10 @@ std::int64_t RoundedUp(std::int64_t count) {
 }
 
 // From the first cache line on.
-double* AsDoubles(MemoryBlock& block) {
+float* AsFloats(MemoryBlock& block) {
   void* start = block.Data();
   std::size_t size = block.Size();
-  return static_cast<double*>(std::align(kCacheLine, sizeof(double), start, size));
+  return static_cast<float*>(std::align(kCacheLine, sizeof(float), start, size));
 }
 
 }  // namespace
@@ -76,7 +89,7 @@ std::optional<EchoLine> EchoLine::Make(ClipEditor& editor, std::int64_t count, s
     tap.echoes = tap.start < count;
     if (tap.echoes) {
       std::optional<MemoryBlock> block = editor.Allocate(
-          static_cast<std::uint64_t>(tap.delays * RoundedUp(delay)) * sizeof(double) + kCacheLine);
+          static_cast<std::uint64_t>(tap.delays * RoundedUp(delay)) * sizeof(float) + kCacheLine);
       if (!block) {
         return std::nullopt;
       }
@@ -110,7 +123,21 @@ std::int64_t EchoLine::LengthOfRun() const {
   return std::min(wanted, delay - at);
 }
 
+// Where the outputs of the samples at the present position stand.
+float* EchoLine::Outputs(Tap& tap) const {
+  return AsFloats(tap.outputs) + position / delay % tap.delays * RoundedUp(delay) + position % delay;
+}
+
 void EchoLine::Run(std::span<float> samples) {
+  const bool all = delay > 0 && std::ranges::all_of(taps, [this](const Tap& tap) {
+                     return tap.echoes && position >= tap.start;
+                   });
+  if (all) {
+    AddFourEchoes(samples.data(), Outputs(taps[0]), Outputs(taps[1]), Outputs(taps[2]), Outputs(taps[3]),
+                  samples.size());
+    position += static_cast<std::int64_t>(samples.size());
+    return;
+  }
   alignas(kCacheLine) std::array<double, kRun> buffer;
   const std::span<double> values = std::span(buffer).first(samples.size());
   Widen(samples.data(), values.data(), values.size());
@@ -122,10 +149,9 @@ void EchoLine::Run(std::span<float> samples) {
       EchoSamplesThemselves(values);
       continue;
     }
-    double* const outputs =
-        AsDoubles(tap.outputs) + position / delay % tap.delays * RoundedUp(delay) + position % delay;
+    float* const outputs = Outputs(tap);
     if (position < tap.start) {
-      std::ranges::copy(values, outputs);
+      Narrow(values.data(), outputs, values.size());
     } else {
       AddEchoes(values.data(), outputs, values.size());
     }

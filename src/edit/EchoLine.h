@@ -30,13 +30,13 @@ class EchoLine {
     std::int64_t delays = 0;  // to what is echoed
     std::int64_t start = 0;   // the first sample that hears an echo
     bool echoes = false;      // there is such a sample
-    // The outputs of the last `delays` delays, each delay in its own row. Floats, kept as doubles to spare
-    // their conversion.
+    // The outputs of the last `delays` delays, each delay in its own row of floats.
     MemoryBlock outputs;
   };
 
   explicit EchoLine(std::uint32_t delaySamples);
   std::int64_t LengthOfRun() const;
+  float* Outputs(Tap& tap) const;
   void Run(std::span<float> samples);
 
   std::int64_t delay;
