@@ -61,6 +61,14 @@ class NoVersions : public VersionKeeper {
   bool ForgetOldest() override { return false; }
 };
 
+void FillWithNoise(AudioClip& clip) {
+  std::uint32_t state = 1;
+  for (std::size_t at = 0; at < clip.dataSize; at += sizeof state) {
+    state = state * 1664525U + 1013904223U;
+    std::memcpy(clip.data.Data() + at, &state, sizeof state);
+  }
+}
+
 AudioClip NoisyClip(int minutes) {
   AudioClip clip;
   clip.format = PcmFormat(kRate, 16, 2);
@@ -71,11 +79,7 @@ AudioClip NoisyClip(int minutes) {
     std::exit(1);
   }
   clip.data = std::move(*block);
-  std::uint32_t state = 1;
-  for (std::size_t at = 0; at < clip.dataSize; at += sizeof state) {
-    state = state * 1664525U + 1013904223U;
-    std::memcpy(clip.data.Data() + at, &state, sizeof state);
-  }
+  FillWithNoise(clip);
   return clip;
 }
 
@@ -88,16 +92,18 @@ void IncrementAll(AudioClip& clip) {
 
 struct Target {
   const char* word;
-  double limit;  // of a plain pass; 0: none is set
+  double limit;         // of a plain pass; 0: none is set
+  bool steady = false;  // all samples alike, instead of noise
 };
 
-constexpr std::array<Target, 11> kTargets{{{"amplify", 3},
+constexpr std::array<Target, 12> kTargets{{{"amplify", 3},
                                            {"silence", 3},
                                            {"fade-in", 3},
                                            {"fade-out", 3},
                                            {"compress", 3},
                                            {"normalize", 6},
                                            {"reverb", 12},
+                                           {"reverb", 12, true},
                                            {"filter", 0},
                                            {"cut-rumble", 0},
                                            {"clean-spectrum", 0},
@@ -138,14 +144,20 @@ Timing TimeEffect(const EffectRow& row, AudioClip& clip, bool withUndo) {
 // All of them, or the one that is named.
 bool TimeEffects(AudioClip& clip, std::string_view only) {
   bool met = true;
-  for (const auto& [word, limit] : kTargets) {
+  for (const auto& [word, limit, steady] : kTargets) {
     if (!only.empty() && only != word) {
       continue;
     }
+    // Not what the effect before has left, which may be silence.
+    FillWithNoise(clip);
+    if (steady) {
+      std::ranges::fill(clip.data.Bytes(), std::byte{0x66});
+    }
     const Timing plain = Fastest([&] { IncrementAll(clip); });
     const Timing bare = TimeEffect(*FindEffect(word), clip, false);
-    std::printf("%-14s %8.1f ms, %6.2f of a pass (%.1f ms); processors %8.1f ms, %6.2f", word, bare.wall,
-                bare.wall / plain.wall, plain.wall, bare.processors, bare.processors / plain.processors);
+    std::printf("%-14s%s %8.1f ms, %6.2f of a pass (%.1f ms); processors %8.1f ms, %6.2f", word,
+                steady ? " steady" : "", bare.wall, bare.wall / plain.wall, plain.wall, bare.processors,
+                bare.processors / plain.processors);
     if (limit > 0) {
       const bool inTime = bare.wall <= limit * plain.wall;
       const Timing whole = TimeEffect(*FindEffect(word), clip, true);
