@@ -55,6 +55,20 @@ void AddFourEchoes(float* __restrict samples, float* __restrict first, float* __
   }
 }
 
+// The same in single precision.
+TEMBREL_WIDEST_LOOPS
+void AddFourEchoesNearly(float* __restrict samples, float* __restrict first, float* __restrict second,
+                         float* __restrict third, float* __restrict fourth, std::size_t count) {
+  constexpr auto kNearEcho = static_cast<float>(kEcho);
+  for (std::size_t i = 0; i < count; ++i) {
+    first[i] = samples[i] + first[i] * kNearEcho;
+    second[i] = first[i] + second[i] * kNearEcho;
+    third[i] = second[i] + third[i] * kNearEcho;
+    fourth[i] = third[i] + fourth[i] * kNearEcho;
+    samples[i] = fourth[i];
+  }
+}
+
 // A delay of 0.
 void EchoSamplesThemselves(std::span<double> values) {
   for (double& value : values) {
@@ -75,7 +89,7 @@ float* AsFloats(MemoryBlock& block) {
 
 }  // namespace
 
-EchoLine::EchoLine(std::uint32_t delaySamples) : delay(delaySamples) {
+EchoLine::EchoLine(std::int64_t delaySamples) : delay(delaySamples) {
   for (std::size_t k = 0; k < taps.size(); ++k) {
     const auto number = static_cast<std::int64_t>(k);
     taps.at(k).delays = number + 1;
@@ -83,7 +97,7 @@ EchoLine::EchoLine(std::uint32_t delaySamples) : delay(delaySamples) {
   }
 }
 
-std::optional<EchoLine> EchoLine::Make(ClipEditor& editor, std::int64_t count, std::uint32_t delay) {
+std::optional<EchoLine> EchoLine::Make(ClipEditor& editor, std::int64_t count, std::int64_t delay) {
   EchoLine line(delay);
   for (Tap& tap : line.taps) {
     tap.echoes = tap.start < count;
@@ -100,7 +114,8 @@ std::optional<EchoLine> EchoLine::Make(ClipEditor& editor, std::int64_t count, s
 }
 
 // What stands in for outputs before the first is never echoed.
-void EchoLine::Restart() {
+void EchoLine::Restart(EchoRounding newRounding) {
+  rounding = newRounding;
   position = 0;
 }
 
@@ -133,8 +148,9 @@ void EchoLine::Run(std::span<float> samples) {
                      return tap.echoes && position >= tap.start;
                    });
   if (all) {
-    AddFourEchoes(samples.data(), Outputs(taps[0]), Outputs(taps[1]), Outputs(taps[2]), Outputs(taps[3]),
-                  samples.size());
+    const auto add = rounding == EchoRounding::Exact ? AddFourEchoes : AddFourEchoesNearly;
+    add(samples.data(), Outputs(taps[0]), Outputs(taps[1]), Outputs(taps[2]), Outputs(taps[3]),
+        samples.size());
     position += static_cast<std::int64_t>(samples.size());
     return;
   }

@@ -64,6 +64,11 @@ ByteRange FrameBytes(const ByteRange& selection, const AudioClip& clip) {
   return Within(selection, clip, FrameSize(clip.format));
 }
 
+FrameRange FrameRange::Of(const ByteRange& selection, const AudioClip& clip) {
+  const ByteRange bytes = FrameBytes(selection, clip);
+  return {clip.format, bytes, (bytes.end - bytes.start) / FrameSize(clip.format)};
+}
+
 EditStep InPlaceStep(std::function<EditResult(ClipEditor&)> change) {
   return {.check = {}, .change = std::move(change), .marksChanged = true, .refreshesLengths = false};
 }

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "audio/AudioClip.h"
+#include "audio/WaveFormat.h"
 #include "edit/ClipChanges.h"
 #include "edit/ClipEditor.h"
 #include "edit/EditStep.h"
@@ -17,6 +18,21 @@ namespace tembrel {
 // ends before it starts.
 ByteRange SampleBytes(const ByteRange& selection, const AudioClip& clip);
 ByteRange FrameBytes(const ByteRange& selection, const AudioClip& clip);
+
+inline constexpr std::size_t kMostChannels = 2;
+
+// The sound that an effect works on: whole frames.
+struct FrameRange {
+  WaveFormat format;
+  ByteRange bytes;
+  std::int64_t count = 0;  // frames
+
+  static FrameRange Of(const ByteRange& selection, const AudioClip& clip);
+  // What SamplesToFloat calls the channel with this index.
+  std::uint32_t Selector(std::size_t channel) const {
+    return static_cast<std::uint32_t>(format.nChannels == 1 ? 0 : channel + 1);
+  }
+};
 
 // A step that changes sound in place, for what such steps have in common.
 EditStep InPlaceStep(std::function<EditResult(ClipEditor&)> change);

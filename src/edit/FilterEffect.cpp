@@ -111,8 +111,6 @@ class FilteredSource : public FloatSource {
     return true;
   }
 
-  void Restart() override {}
-
   void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out,
                 WorkTeam& team) override {
     const auto count = static_cast<std::int64_t>(out[0].size());

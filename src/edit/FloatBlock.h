@@ -11,4 +11,8 @@ inline std::span<float> AsFloats(MemoryBlock& block) {
   return {reinterpret_cast<float*>(block.Data()), block.Size() / sizeof(float)};
 }
 
+inline std::span<const float> AsFloats(const MemoryBlock& block) {
+  return {reinterpret_cast<const float*>(block.Data()), block.Size() / sizeof(float)};
+}
+
 }  // namespace tembrel

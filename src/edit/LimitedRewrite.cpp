@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "edit/EffectRange.h"
 #include "edit/FloatBlock.h"
 #include "edit/SampleFloat.h"
 
@@ -79,7 +78,6 @@ class Rewriter {
 
   bool FindPeaks() {
     const auto frames = editor.Clip().Bytes().subspan(static_cast<std::size_t>(range.bytes.start), size);
-    source.Restart();
     for (std::int64_t first = 0; first < range.count; first += kFramesAtOnce) {
       const ChannelFloats floats = Floats(first);
       source.Continue(frames, first, floats, team);
@@ -95,7 +93,6 @@ class Rewriter {
   }
 
   bool Write(std::span<std::byte> frames) {
-    source.Restart();
     for (std::int64_t first = 0; first < range.count; first += kFramesAtOnce) {
       const ChannelFloats floats = Floats(first);
       if (first < keptFrom) {
@@ -136,11 +133,6 @@ class Rewriter {
 };
 
 }  // namespace
-
-FrameRange FrameRange::Of(const ByteRange& selection, const AudioClip& clip) {
-  const ByteRange bytes = FrameBytes(selection, clip);
-  return {clip.format, bytes, (bytes.end - bytes.start) / FrameSize(clip.format)};
-}
 
 EditResult RewriteLimited(ClipEditor& editor, const FrameRange& range, FloatSource& source) {
   return Rewriter(editor, range, source).Run();

@@ -8,43 +8,26 @@
 #include <optional>
 #include <span>
 
-#include "audio/WaveFormat.h"
-#include "edit/ClipChanges.h"
 #include "edit/ClipEditor.h"
 #include "edit/EditStep.h"
+#include "edit/EffectRange.h"
 #include "edit/ShareOut.h"
 #include "platform/MemoryBlock.h"
 
 namespace tembrel {
 
-inline constexpr std::size_t kMostChannels = 2;
 // A whole number of blocks for the filters, and one block less than sixteen lanes' fill: the half-overlapping
 // blocks between them are one more.
 inline constexpr std::int64_t kFramesAPiece = std::int64_t{63} * 2048;
 // Frames that are asked for at a time; the last time fewer.
 inline constexpr std::int64_t kFramesAtOnce = 4 * kFramesAPiece;
 
-// The sound that an effect works on: whole frames.
-struct FrameRange {
-  WaveFormat format;
-  ByteRange bytes;
-  std::int64_t count = 0;  // frames
-
-  static FrameRange Of(const ByteRange& selection, const AudioClip& clip);
-  // What SamplesToFloat calls the channel with this index.
-  std::uint32_t Selector(std::size_t channel) const {
-    return static_cast<std::uint32_t>(format.nChannels == 1 ? 0 : channel + 1);
-  }
-};
-
 using ChannelFloats = std::array<std::span<float>, kMostChannels>;
 
-// An effect's new sound, in order.
+// An effect's new sound, in order, and then perhaps in order again.
 class FloatSource {
  public:
   virtual ~FloatSource() = default;
-  // From the range's first frame again.
-  virtual void Restart() = 0;
   // Fills `out`, a span for every channel, with the frames from `first` on. `frames` are the range's bytes;
   // those before `first` may have been rewritten already.
   virtual void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out,

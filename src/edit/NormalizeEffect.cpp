@@ -18,7 +18,6 @@ namespace tembrel {
 namespace {
 
 constexpr int kTargetPercent = 90;
-constexpr std::size_t kMostChannels = 2;
 constexpr std::int64_t kFramesAtOnce = 4096;
 
 // What is found out about a channel before anything changes.
