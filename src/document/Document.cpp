@@ -86,7 +86,8 @@ LoadOutcome Document::MakeTempCopy(const AudioClip& sound, const Progress& progr
   // WAVE files are written with packed frames only; with gaps it would be a copy of other sound.
   tempCopy = HasPackedFrames(sound.format) ? TempCopy::Create(paths, handle) : std::nullopt;
   if (!tempCopy) {
-    return LoadOutcome::Loaded;
+    const bool goOn = !progress || progress(sound.dataSize, sound.dataSize);
+    return goOn ? LoadOutcome::Loaded : LoadOutcome::Cancelled;
   }
   const TempCopy::Result result = tempCopy->Write(sound, progress);
   if (result == TempCopy::Result::Failed) {

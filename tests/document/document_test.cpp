@@ -168,6 +168,19 @@ TEST_F(DocumentLoading, ReportsProgressFromStartToEnd) {
   EXPECT_EQ(shares.back(), 1.0);
 }
 
+TEST_F(DocumentLoading, ReportsProgressToTheEndWhereNoCopyCanBeMade) {
+  const auto path = MakeWave("song.wav");
+  std::filesystem::remove_all(paths.tempFolder);
+  Document document(paths, 7);
+  double share = 0;
+  document.LoadFile(path, path, {}, [&share](std::uint64_t done, std::uint64_t total) {
+    share = static_cast<double>(done) / static_cast<double>(total);
+    return true;
+  });
+  EXPECT_NE(document.Clip(), nullptr);
+  EXPECT_EQ(share, 1.0);
+}
+
 TEST_F(DocumentLoading, LeavesNothingBehindWhenCancelledAtAnyPoint) {
   const auto path = MakeWave("song.wav");
   int reports = 0;
