@@ -228,8 +228,9 @@ void Document::Finish(const ClipChanges& changes, bool marksChanged, bool refres
   if (tempCopy) {
     tempCopy->Update(*clip, changes, progress);
   }
-  if (marksChanged && !changed) {
-    SetChanged(true);
+  changed = changed || marksChanged;
+  if (changed && tempCopy) {
+    tempCopy->KeepNote(fileName);
   }
   editing = false;
   TellListener(refreshesLengths);

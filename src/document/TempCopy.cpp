@@ -166,6 +166,14 @@ void TempCopy::NoteChanged(const std::string& name) {
   state.noted = WriteWholeFile(NotePath(path), name).ok || state.noted;
 }
 
+void TempCopy::KeepNote(const std::string& name) {
+  std::error_code error;
+  state.noted = state.noted && std::filesystem::exists(NotePath(path), error);
+  if (!state.noted) {
+    NoteChanged(name);
+  }
+}
+
 void TempCopy::NoteUnchanged() {
   std::error_code ignored;
   std::filesystem::remove(NotePath(path), ignored);

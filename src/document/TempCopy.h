@@ -40,6 +40,8 @@ class TempCopy {
   // Leaves a note beside the copy that the document `name` has unsaved changes; without a note a copy found
   // at start-up holds nothing that is not in its file.
   void NoteChanged(const std::string& name);
+  // The same where that note is missing: it could not be written, or somebody removed it.
+  void KeepNote(const std::string& name);
   void NoteUnchanged();
 
  private:
