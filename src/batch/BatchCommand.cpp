@@ -8,12 +8,13 @@ namespace {
 
 Failure CheckArguments(const BatchCommand& command, const Arguments& arguments) {
   const std::size_t most = command.arguments.size();
+  const std::size_t given = arguments.Count();
   const std::size_t least = most - command.optional;
-  if (arguments.Count() < least || (arguments.Count() > most && !command.takesMore)) {
-    const bool tooFew = arguments.Count() < least;
+  const bool tooFew = given < least || (command.allOrNone && given > least && given < most);
+  if (tooFew || (given > most && !command.takesMore)) {
     return std::string(tooFew ? "too few arguments: " : "too many arguments: ") + UsageOf(command);
   }
-  for (std::size_t i = 0; i < std::min(arguments.Count(), most); ++i) {
+  for (std::size_t i = 0; i < std::min(given, most); ++i) {
     if (Failure failure = arguments.Check(i, command.arguments[i])) {
       return std::string(command.name) + ": " + *failure;
     }
@@ -35,11 +36,15 @@ Failure CheckNeeds(const BatchCommand& command, BatchSession& session) {
 }  // namespace
 
 std::string UsageOf(const BatchCommand& command) {
+  const std::size_t count = command.arguments.size();
+  const std::size_t firstOptional = count - command.optional;
   std::string usage(command.name);
-  for (std::size_t i = 0; i < command.arguments.size(); ++i) {
-    const std::string name(command.arguments[i].name);
-    const bool optional = i + command.optional >= command.arguments.size();
-    usage += optional ? " [" + name + "]" : " " + name;
+  for (std::size_t i = 0; i < count; ++i) {
+    const bool opens = i == firstOptional || (i > firstOptional && !command.allOrNone);
+    const bool closes = i >= firstOptional && (i + 1 == count || !command.allOrNone);
+    usage += opens ? " [" : " ";
+    usage += command.arguments[i].name;
+    usage += closes ? "]" : "";
   }
   return usage + (command.takesMore ? " ..." : "");
 }

@@ -25,9 +25,10 @@ struct BatchCommand {
   std::function<Failure(BatchSession& session, const Arguments& arguments)> run;
   std::size_t optional = 0;  // so many of the arguments may be left out, from the last on
   bool takesMore = false;    // any number of words may follow
+  bool allOrNone = false;    // of the optional arguments, not some
 };
 
-// "filter PRESET", "scroll CODE [VALUE]".
+// "filter PRESET", "scroll CODE [VALUE]", "view [FIRST FRAMES]".
 std::string UsageOf(const BatchCommand& command);
 
 // Checks what the command needs and its arguments, and runs it.

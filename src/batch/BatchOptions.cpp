@@ -99,7 +99,7 @@ std::string_view BatchUsage() {
          "\n"
          "  -p FOLDER   the program folder (default: as the editor finds it)\n"
          "  -q          no progress\n"
-         "  -h          this help\n"
+         "  -h, --help  this help, and every command\n"
          "  --version   the version\n"
          "\n"
          "A script has one command a line; '#' starts a comment. Double quotes group words.\n";

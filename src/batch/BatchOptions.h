@@ -24,7 +24,7 @@ struct BatchOptions {
 // `arguments` without the program's own name.
 BatchOptions ReadOptions(std::span<const std::string> arguments);
 
-// The answer to -h.
+// How the program is called: the answer to wrong usage, and the beginning of the help.
 std::string_view BatchUsage();
 
 }  // namespace tembrel

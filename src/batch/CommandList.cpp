@@ -11,16 +11,40 @@
 
 namespace tembrel {
 
+namespace {
+
+std::vector<BatchCommand> CommandsOfThisVersion() {
+  std::vector<BatchCommand> commands;
+  for (const auto& family :
+       {FileCommands(), EditCommands(), EffectCommands(), ViewCommands(), AnalysisCommands()}) {
+    commands.insert(commands.end(), family.begin(), family.end());
+  }
+  return commands;
+}
+
+std::string Lines(std::string_view heading, const std::vector<BatchCommand>& commands) {
+  std::string lines(heading);
+  for (const BatchCommand& command : commands) {
+    lines += "  " + UsageOf(command) + "\n";
+  }
+  return lines;
+}
+
+}  // namespace
+
 const std::vector<BatchCommand>& BatchCommands() {
   static const std::vector<BatchCommand> kCommands = [] {
-    std::vector<BatchCommand> commands;
-    for (const auto& family : {FileCommands(), EditCommands(), EffectCommands(), ViewCommands(),
-                               AnalysisCommands(), LaterCommands()}) {
-      commands.insert(commands.end(), family.begin(), family.end());
-    }
+    std::vector<BatchCommand> commands = CommandsOfThisVersion();
+    const std::vector<BatchCommand> later = LaterCommands();
+    commands.insert(commands.end(), later.begin(), later.end());
     return commands;
   }();
   return kCommands;
+}
+
+std::string CommandSummary() {
+  return Lines("Commands:\n", CommandsOfThisVersion()) +
+         Lines("\nCommands that this version cannot do yet:\n", LaterCommands());
 }
 
 const BatchCommand* FindBatchCommand(std::string_view name) {

@@ -42,9 +42,6 @@ Failure Size(BatchSession& session, const Arguments& arguments) {
 // view [FIRST FRAMES]
 Failure ShowView(BatchSession& session, const Arguments& arguments) {
   EditView& view = session.Current().View();
-  if (arguments.Count() == 1) {
-    return "too few arguments: view [FIRST FRAMES]";
-  }
   if (arguments.Count() == 2) {
     view.Show(arguments.Whole(0), arguments.Whole(1));
     return kSucceeded;
@@ -127,7 +124,7 @@ std::vector<BatchCommand> ViewCommands() {
   const ArgumentRule value{"VALUE", ArgumentKind::Whole, -kAnyFrame, kAnyFrame};
   return {
       {"size", {width, height}, Needs::Document, Size},
-      {.name = "view", .arguments = {first, frames}, .run = ShowView, .optional = 2},
+      {.name = "view", .arguments = {first, frames}, .run = ShowView, .optional = 2, .allOrNone = true},
       {.name = "scroll", .arguments = {code, value}, .run = Scroll, .optional = 1},
       {"zoom", {{"in|out|all", ArgumentKind::Choice}}, Needs::Document, Zoom},
       {"draw", {}, Needs::Document, Draw},

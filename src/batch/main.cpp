@@ -8,6 +8,7 @@
 #include "audio/ProgramPaths.h"
 #include "batch/BatchOptions.h"
 #include "batch/BatchSession.h"
+#include "batch/CommandList.h"
 #include "batch/ScriptRunner.h"
 #include "platform/InputFile.h"
 #include "platform/Paths.h"
@@ -59,7 +60,7 @@ int Obey(const BatchOptions& options) {
   }
   switch (options.task) {
     case BatchOptions::Task::ShowHelp:
-      std::cout << BatchUsage();
+      std::cout << BatchUsage() << "\n" << CommandSummary();
       return 0;
     case BatchOptions::Task::ShowVersion:
       std::cout << "Tembrel " << CVersionInfo().Value(VersionKey::FileVersion).value_or("") << "\n";

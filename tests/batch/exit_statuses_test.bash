@@ -11,6 +11,14 @@ run 2 one two
 run 2 -e
 run 0 -h
 same "the help's beginning" "$(output | head -c 20)" 'usage: tembrel-batch'
+output | grep -q '^  amplify PERCENT$' || fail "the help does not show the command amplify"
+# The man page tells every option and command that the help shows.
+page=$(sed 's/\\-/-/g' "$here/../../packaging/tembrel-batch.1")
+words=$(output | grep -o '^  [a-z-]*' | sort -u)
+[ "$(wc -w <<<"$words")" -gt 40 ] || fail "the help shows only: $words"
+for word in $words --help; do
+  grep -qE -- "^\.B.*[ \"]$word([ \"]|\$)" <<<"$page" || fail "the man page has nothing on $word"
+done
 run 0 --version
 output | grep -q '^Tembrel [0-9]' || fail "no version in $(output)"
 
