@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing: "dependencies.sh run" what ./run.sh needs, "dependencies.sh test" what
-# ./test.sh needs besides. Says nothing when nothing is missing.
+# ./test.sh needs besides, "dependencies.sh extra" what only the fuzz targets and the comparison with sox need. Says nothing
+# when nothing is missing.
 set -euo pipefail
 
 build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libpulse-dev)
 run=(libqt6widgets6 libqt6svg6 libpulse0 fonts-dejavu-core)
 virtualDisplay=(xvfb)
 wayland=(qt6-wayland)
-unitTests=(libgtest-dev libgmock-dev libbenchmark-dev)
+unitTests=(libgtest-dev libgmock-dev libbenchmark-dev locales)
 programTests=(openbox xdotool imagemagick pulseaudio)
 lint=(clang-format clang-tidy shellcheck python3 git binutils)
+extra=(clang sox time)
 
 fail() {
   printf '%s\n' "$1" >&2
@@ -26,7 +28,8 @@ case "${1:-}" in
     fi
     ;;
   test) wanted+=("${virtualDisplay[@]}" "${unitTests[@]}" "${programTests[@]}" "${lint[@]}") ;;
-  *) fail "usage: ${0##*/} run|test" ;;
+  extra) wanted=("${build[@]}" "${extra[@]}") ;;
+  *) fail "usage: ${0##*/} run|test|extra" ;;
 esac
 
 if ! command -v dpkg-query >/dev/null; then
