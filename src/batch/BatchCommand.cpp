@@ -27,7 +27,7 @@ Failure CheckNeeds(const BatchCommand& command, BatchSession& session) {
   if (command.needs != Needs::Nothing && document == nullptr) {
     return std::string(command.name) + " needs a document, and none is open";
   }
-  if (command.needs == Needs::Selection && !document->View().HasSelection()) {
+  if (command.needs == Needs::Selection && !document->HasSelection()) {
     return std::string(command.name) + " needs a selection, and there is none";
   }
   return kSucceeded;

@@ -29,6 +29,8 @@ class BatchDocument final : private DocumentListener {
   void ShowLoadedDocument();
   // Bytes, as the edits want them.
   ByteRange Selection() const { return {view.SelectionStart(), view.SelectionEnd()}; }
+  // A selection that lies behind the end by now is none.
+  bool HasSelection() const { return view.HasSelection() && Selection().start < Selection().end; }
   // What the view paints, in painting order.
   PaintArea Area() const { return {view.ClientWidth(), view.ClientHeight(), 1.0}; }
   std::vector<LayerLine> Picture() const;

@@ -39,7 +39,7 @@ Failure Select(BatchSession& session, const Arguments& arguments) {
   } else {
     return "select takes all, last, or START and END, not \"" + arguments.Text(0) + "\"";
   }
-  if (!view.HasSelection()) {
+  if (!session.Current().HasSelection()) {
     return "select: no valid selection results; it must cover at least two frames of the sound, which has " +
            std::to_string(view.SoundFrames());
   }

@@ -53,7 +53,7 @@ Failure Info(BatchSession& session, const Arguments& /*arguments*/) {
                    << "\ncan-undo: " << (document.CanUndo() ? 1 : 0)
                    << "\ncan-redo: " << (document.CanRedo() ? 1 : 0) << "\ncursor: " << view.CursorFrame()
                    << "\nselection: ";
-  if (view.HasSelection()) {
+  if (current.HasSelection()) {
     session.Output() << selection.start << " " << selection.end << "\n";
   } else {
     session.Output() << "none\n";

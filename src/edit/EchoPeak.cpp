@@ -37,8 +37,14 @@ std::optional<NearPeak> NearPeak::Make(ClipEditor& editor, std::int64_t columnCo
 void NearPeak::Take(std::span<const float> outputs, std::int64_t column) {
   const float magnitude = LargestMagnitude(outputs);
   largest = std::max(largest, magnitude);
-  if (magnitude >= std::max(largest, 1.0F) - 2 * kNearEchoError) {
-    RaiseTo(AsFloats(columns).data() + column, outputs.data(), outputs.size());
+  if (magnitude < std::max(largest, 1.0F) - 2 * kNearEchoError) {
+    return;
+  }
+  const std::span<float> magnitudes = AsFloats(columns);
+  for (auto at = static_cast<std::size_t>(column); !outputs.empty(); at = 0) {
+    const std::size_t count = std::min(outputs.size(), magnitudes.size() - at);
+    RaiseTo(magnitudes.data() + at, outputs.data(), count);
+    outputs = outputs.subspan(count);
   }
 }
 

@@ -26,7 +26,7 @@ class NearPeak {
   // Nothing when there is no memory, as the editor then says.
   static std::optional<NearPeak> Make(ClipEditor& editor, std::int64_t columnCount);
 
-  // Takes near outputs that stand in the columns from `column` on.
+  // Takes near outputs that stand in the columns from `column` on; behind the last comes the first again.
   void Take(std::span<const float> outputs, std::int64_t column);
 
   // The largest near magnitude so far.

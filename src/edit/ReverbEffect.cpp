@@ -28,6 +28,8 @@ constexpr std::int64_t kFramesAtOnce = std::int64_t{1} << 20U;
 constexpr std::int64_t kLeastWidth = 512;  // of a strip that is not alone, in columns
 constexpr std::int64_t kMostStrips = 16;
 constexpr std::int64_t kVector = 16;  // floats
+// One column of so many may be computed on its own: then that takes much less time than all of them.
+constexpr std::int64_t kColumnsForOne = 64;
 
 // Some columns of the range, when it is laid out in rows that are a delay long. Echoes stay within their
 // column: strips have nothing to do with each other, and each is echoed as if it was a sound of its own.
@@ -127,10 +129,17 @@ class Reverberation {
 
   void WorkOnStrip(Strip& strip, std::int64_t first, std::int64_t end,
                    const std::function<void(Strip&, const FrameRun&)>& work) const {
-    for (std::int64_t row = first / rowLength * rowLength; row < end; row += rowLength) {
+    if (strip.width == rowLength) {
+      for (std::int64_t frame = first; frame < end; frame += kRun) {
+        const std::int64_t count = std::min(kRun, end - frame);
+        work(strip, {.first = frame, .count = count, .column = frame % rowLength, .next = frame + count});
+      }
+      return;
+    }
+    for (std::int64_t row = first; row < end; row += rowLength) {
       const std::int64_t rowStart = row + strip.first;
       const std::int64_t runsEnd = std::min(rowStart + strip.width, end);
-      for (std::int64_t frame = std::max(rowStart, first); frame < runsEnd; frame += kRun) {
+      for (std::int64_t frame = rowStart; frame < runsEnd; frame += kRun) {
         const std::int64_t runEnd = std::min(frame + kRun, runsEnd);
         work(strip, {.first = frame,
                      .count = runEnd - frame,
@@ -178,7 +187,7 @@ class Reverberation {
 
   // In few columns if those can be told, or in all of them.
   EditResult FindPeaks(std::span<const std::byte> frames) {
-    bool few = delay > 0;
+    bool few = delay > 0 && MostColumns() > 0;
     if (few) {
       Restart(EchoRounding::Near);
       const auto take = [&](Strip& strip, const FrameRun& run) {
@@ -215,9 +224,13 @@ class Reverberation {
     return columns;
   }
 
+  std::size_t MostColumns() const {
+    return std::min(kMostColumns, static_cast<std::size_t>(rowLength / kColumnsForOne));
+  }
+
   bool FewColumnsMatter() const {
     for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
-      if (ColumnsThatMatter(channel).size() > kMostColumns) {
+      if (ColumnsThatMatter(channel).size() > MostColumns()) {
         return false;
       }
     }

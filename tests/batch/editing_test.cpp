@@ -61,6 +61,13 @@ TEST_F(BatchEditing, SelectingLeavesTheCursor) {
   EXPECT_EQ(Value("cursor"), "33");
 }
 
+TEST_F(BatchEditing, ASelectionBehindTheEndIsNone) {
+  const std::string open = "open " + MakeWave("a.wav", 100);
+  Printed({open, "select 90 100", "format 11025 16 1", "info"});
+  EXPECT_EQ(Value("selection"), "none");
+  EXPECT_THAT(Reason({open, "select 90 100", "format 11025 16 1", "cut"}), HasSubstr("needs a selection"));
+}
+
 TEST_F(BatchEditing, AnEditUsesTheSelectionUpAndLastBringsItBack) {
   const std::string open = "open " + MakeWave("a.wav", 100);
   for (const char* edit : {"cut", "copy", "insert-silence"}) {

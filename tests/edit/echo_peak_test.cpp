@@ -64,12 +64,10 @@ struct Search {
     line->Continue(near);
     std::optional<NearPeak> found = NearPeak::Make(editor, delay);
     // In pieces that begin and end anywhere in a row.
-    constexpr std::int64_t kPiece = 611;
-    for (std::int64_t at = 0; at < range.count;) {
-      const std::int64_t length = std::min({kPiece, delay - at % delay, range.count - at});
-      found->Take(std::span(near).subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(length)),
-                  at % delay);
-      at += length;
+    constexpr std::size_t kPiece = 611;
+    for (std::size_t at = 0; at < near.size(); at += kPiece) {
+      found->Take(std::span(near).subspan(at, std::min(kPiece, near.size() - at)),
+                  static_cast<std::int64_t>(at) % delay);
     }
     EXPECT_EQ(found->Largest(), LargestMagnitude(near));
     std::vector<std::int64_t> columns;

@@ -115,6 +115,40 @@ TEST(Reverb, IsTheLiteralFormOnLongSound) {
   }
 }
 
+// While the peak is looked for, quickly or not, and while the echoes are stored.
+TEST(Reverb, OfLongSoundIsAsItWasWheneverItIsCancelled) {
+  test::Dice dice(12);
+  for (const test::Sound sound : {test::Sound::Noise, test::Sound::Constant, test::Sound::Quiet}) {
+    Bytes bytes = test::SoundBytes(kMono16, 5 * (std::int64_t{1} << 20U), sound, dice);
+    if (sound == test::Sound::Quiet) {
+      // Few places are loud at first, and many later: what was looked for quickly is looked for again.
+      std::ranges::fill(std::span(bytes).last(bytes.size() / 3), std::byte{0x66});
+    }
+    test::EffectSession session(kMono16, bytes);
+    int calls = 0;
+    std::uint64_t last = 0;
+    session.progress = [&](std::uint64_t done, std::uint64_t total) {
+      ++calls;
+      EXPECT_LE(last, done);
+      EXPECT_LE(done, total);
+      last = done == total ? 0 : done;
+      return true;
+    };
+    ASSERT_TRUE(session.Run(ReverbEdit(All(bytes))).done);
+    ASSERT_GE(calls, 8);
+    for (int cancelled = 1; cancelled <= calls; ++cancelled) {
+      test::EffectSession other(kMono16, bytes);
+      int call = 0;
+      other.progress = [&](std::uint64_t, std::uint64_t) { return ++call < cancelled; };
+      const EditResult result = other.Run(ReverbEdit(All(bytes)));
+      EXPECT_FALSE(result.done) << cancelled;
+      EXPECT_EQ(result.message, "") << cancelled;
+      ASSERT_TRUE(other.Content() == bytes) << cancelled;
+      EXPECT_FALSE(other.undo.CanUndo());
+    }
+  }
+}
+
 // Rates that no sound has: a fifteenth of a second is then no frame, one, or more than the clip.
 TEST(Reverb, IsTheLiteralFormAtOddRates) {
   test::Dice dice(9);
