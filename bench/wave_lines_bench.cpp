@@ -1,56 +1,25 @@
-// What drawing an hour of sound costs: 60 minutes of 44.1 kHz 16-bit stereo, about 635 MB. Prints each figure
-// beside the time of one plain single-threaded minimum/maximum pass over every sample, taken in the same run.
+// What drawing a long recording costs: an hour of 44.1 kHz 16-bit stereo, about 635 MB, or
+// TEMBREL_BENCH_MINUTES minutes. Each figure is told beside one plain single-threaded minimum/maximum pass
+// over every sample, taken right before it.
 #include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
-#include <functional>
 #include <limits>
+#include <optional>
 #include <vector>
 
+#include "bench/support/Figures.h"
+#include "bench/support/NoisySound.h"
+#include "bench/support/Rounds.h"
 #include "view/WaveLines.h"
 #include "view/WavePicture.h"
 
 namespace tembrel {
 namespace {
 
-constexpr std::int64_t kRate = 44100;
-constexpr std::int64_t kHour = kRate * 3600;
 constexpr int kRounds = 15;
-
-std::optional<AudioClip> NoisyHour() {
-  const std::size_t size = static_cast<std::size_t>(kHour) * 4;
-  std::optional<MemoryBlock> block = MemoryBlock::Allocate(size);
-  if (!block) {
-    return std::nullopt;
-  }
-  std::uint32_t state = 1;
-  for (std::size_t at = 0; at < size; at += 4) {
-    state = state * 1664525U + 1013904223U;
-    std::memcpy(block->Data() + at, &state, 4);
-  }
-  AudioClip clip;
-  clip.format = {kPcmTag, 2, static_cast<std::uint32_t>(kRate), static_cast<std::uint32_t>(kRate * 4), 4, 16};
-  clip.data = std::move(*block);
-  clip.dataSize = static_cast<std::uint32_t>(size);
-  return clip;
-}
-
-// The best of several rounds, in milliseconds: whatever else runs on the machine can only add to it.
-double Milliseconds(const std::function<void()>& work) {
-  double best = std::numeric_limits<double>::max();
-  for (int round = 0; round < kRounds; ++round) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
-    best = std::min(best, taken.count());
-  }
-  return best;
-}
-
-// Keeps results alive so that the work is not optimised away.
-volatile std::int64_t kept = 0;
+constexpr std::int64_t kTenSeconds = std::int64_t{10} * bench::kRate;
+constexpr PaintArea kPictureArea{1920, 400};
 
 void PlainPass(const AudioClip& clip) {
   const auto* samples = reinterpret_cast<const std::int16_t*>(clip.Bytes().data());
@@ -61,72 +30,113 @@ void PlainPass(const AudioClip& clip) {
     low = std::min(low, samples[i]);
     high = std::max(high, samples[i]);
   }
-  kept = kept + high - low;
+  benchmark::DoNotOptimize(low);
+  benchmark::DoNotOptimize(high);
 }
 
-void CountLines(const AudioClip& clip, std::int64_t first, std::int64_t frames) {
-  kept = kept + static_cast<std::int64_t>(WaveLines(clip, {1600, 600}, first, frames).size());
+double BestPass(const AudioClip& clip) {
+  return bench::TakeRounds(kRounds, [&] { PlainPass(clip); }).Best();
 }
 
-void Report(const char* what, double milliseconds, double plain) {
-  std::printf("%-44s %9.3f ms   %6.3f x plain pass\n", what, milliseconds, milliseconds / plain);
+void ComputeLines(const AudioClip& clip, std::int64_t first, std::int64_t frames) {
+  benchmark::DoNotOptimize(WaveLines(clip, {1600, 600}, first, frames).size());
+}
+
+struct Targets {
+  double ofPass = bench::kNoTarget;
+  double milliseconds = bench::kNoTarget;
+};
+
+template <class Work>
+void TimeWork(benchmark::State& state, const AudioClip& clip, const Targets& targets, const Work& work) {
+  const double pass = BestPass(clip);
+  const bench::Times times = bench::CountRounds(state, [&](const auto& count) { count(work); });
+  bench::Report(state, {{"of_pass", times.Best() / pass, targets.ofPass},
+                        {"best_ms", times.Best(), targets.milliseconds},
+                        {"pass_ms", pass}});
+}
+
+// Every view from one frame to ten seconds counts; the slowest one is told.
+void TimeShortViews(benchmark::State& state, const AudioClip& clip) {
+  struct View {
+    std::int64_t frames = 0;
+    bench::Times times;
+  };
+  std::vector<View> views;
+  for (std::int64_t frames = 1; frames < kTenSeconds; frames = frames * 5 / 4 + 1) {
+    views.push_back({frames, {}});
+  }
+  views.push_back({kTenSeconds, {}});
+
+  const double pass = BestPass(clip);
+  // Each starts elsewhere in the file, so that its samples come from memory and not from a cache.
+  std::int64_t first = 0;
+  bench::CountRounds(state, [&](const auto& count) {
+    count([&] {
+      for (View& view : views) {
+        first = (first + std::int64_t{97} * bench::kRate) % (clip.Frames() - view.frames);
+        view.times.Take([&] { ComputeLines(clip, first, view.frames); });
+      }
+    });
+  });
+  const View& slowest =
+      *std::ranges::max_element(views, {}, [](const View& view) { return view.times.Best(); });
+  bench::Report(state, {{"slowest_ms", slowest.times.Best(), 4},
+                        {"slowest_frames", static_cast<double>(slowest.frames)},
+                        {"of_pass", slowest.times.Best() / pass},
+                        {"pass_ms", pass},
+                        {"views", static_cast<double>(views.size())}});
+}
+
+void RegisterLines(const AudioClip& clip) {
+  const std::int64_t frames = clip.Frames();
+  bench::Register("lines/whole_file", kRounds, [&clip, frames](benchmark::State& state) {
+    TimeWork(state, clip, {.ofPass = 0.7}, [&] { ComputeLines(clip, 0, frames); });
+  });
+  bench::Register("lines/half_file", kRounds, [&clip, frames](benchmark::State& state) {
+    TimeWork(state, clip, {}, [&] { ComputeLines(clip, frames / 4, frames / 2); });
+  });
+  bench::Register("lines/views_up_to_10_s", kRounds,
+                  [&clip](benchmark::State& state) { TimeShortViews(state, clip); });
+}
+
+void RegisterPainting(const AudioClip& clip, const Raster& raster) {
+  bench::Register("paint/full_columns", kRounds, [&clip, raster](benchmark::State& state) {
+    const std::vector<Line> lines = WaveLines(clip, kPictureArea, 0, kTenSeconds);
+    const Pen pen = PenOf(Layer::Wave, kPictureArea, true);
+    TimeWork(state, clip, {.milliseconds = 3}, [&] {
+      for (const Line& line : lines) {
+        DrawLine(raster, line, pen);
+      }
+    });
+  });
+  bench::Register("paint/picture_of_1920_joined_frames", kRounds, [&clip, raster](benchmark::State& state) {
+    TimeWork(state, clip, {}, [&] { PaintPicture(raster, &clip, kPictureArea, 0, 1920); });
+  });
+  bench::Register("paint/picture_of_10_s", kRounds, [&clip, raster](benchmark::State& state) {
+    TimeWork(state, clip, {}, [&] { PaintPicture(raster, &clip, kPictureArea, 0, kTenSeconds); });
+  });
+  bench::Register("paint/cursor", kRounds, [&clip, raster](benchmark::State& state) {
+    const PixelRect strip = CursorStrip(kPictureArea, 960);
+    TimeWork(state, clip, {}, [&] { LayCursor(raster, strip); });
+  });
 }
 
 int Run() {
-  const std::optional<AudioClip> hour = NoisyHour();
-  if (!hour) {
-    std::fputs("no memory for an hour of sound\n", stderr);
+  const std::optional<AudioClip> clip = bench::NoisyClip(bench::SoundSeconds());
+  if (!clip) {
+    std::fputs("there is no memory for the sound\n", stderr);
     return 1;
   }
-  const AudioClip& clip = *hour;
-  PlainPass(clip);
-  const double plain = Milliseconds([&] { PlainPass(clip); });
-  Report("plain min/max pass over every sample", plain, plain);
-  Report("whole file, 1600 x 600 (target 0.7)", Milliseconds([&] { CountLines(clip, 0, kHour); }), plain);
-  Report("half the file", Milliseconds([&] { CountLines(clip, kHour / 4, kHour / 2); }), plain);
-
-  // Every view from one frame to ten seconds counts; the slowest one is told. Each starts elsewhere in the
-  // file, so that its samples come from memory and not from a cache.
-  double slowest = 0;
-  std::int64_t slowestFrames = 0;
-  for (std::int64_t frames = 1; frames <= 10 * kRate;
-       frames = frames == 10 * kRate ? frames + 1 : std::min(frames * 5 / 4 + 1, 10 * kRate)) {
-    std::int64_t first = 0;
-    const double taken = Milliseconds([&] {
-      first = (first + 97 * kRate) % (kHour - frames);
-      CountLines(clip, first, frames);
-    });
-    if (taken > slowest) {
-      slowest = taken;
-      slowestFrames = frames;
-    }
-  }
-  std::printf("slowest view up to 10 s (target 4 ms): %lld frames\n", static_cast<long long>(slowestFrames));
-  Report("  its lines", slowest, plain);
-
-  const PaintArea area{1920, 400};
-  std::vector<Rgb> pixels(static_cast<std::size_t>(area.width) * static_cast<std::size_t>(area.height));
-  const Raster raster{pixels, area.width, area.height, area.width};
-  const std::vector<Line> lines = WaveLines(clip, area, 0, 10 * kRate);
-  const Pen pen = PenOf(Layer::Wave, area, true);
-  Report("painting 1920 x 400, full columns (3 ms)", Milliseconds([&] {
-           for (const Line& line : lines) {
-             DrawLine(raster, line, pen);
-           }
-         }),
-         plain);
-  Report("whole picture 1920 x 400, 1920 frames joined",
-         Milliseconds([&] { PaintPicture(raster, &clip, area, 0, 1920); }), plain);
-  Report("whole picture 1920 x 400 of 10 s",
-         Milliseconds([&] { PaintPicture(raster, &clip, area, 0, 10 * kRate); }), plain);
-  const PixelRect strip = CursorStrip(area, 960);
-  Report("cursor", Milliseconds([&] { LayCursor(raster, strip); }), plain);
-  return 0;
+  std::vector<Rgb> pixels(static_cast<std::size_t>(kPictureArea.width * kPictureArea.height));
+  RegisterLines(*clip);
+  RegisterPainting(*clip, {pixels, kPictureArea.width, kPictureArea.height, kPictureArea.width});
+  return bench::RunRegistered();
 }
 
 }  // namespace
 }  // namespace tembrel
 
-int main() {
-  return tembrel::Run();
+int main(int argc, char** argv) {
+  return tembrel::bench::ReadFlags(argc, argv) ? tembrel::Run() : 1;
 }
