@@ -1,18 +1,18 @@
-// What editing an hour of sound costs: 60 minutes of 44.1 kHz 16-bit stereo, about 635 MB. Prints every
-// figure beside the time of one whole copy of the clip in memory (a fresh block, filled), taken in the same
-// run.
+// What editing a long recording costs: an hour of 44.1 kHz 16-bit stereo, about 635 MB, or
+// TEMBREL_BENCH_MINUTES minutes. Every edit, its undo and its redo are told beside one whole copy of the clip
+// in memory (a fresh block, filled), taken right before.
 #include <algorithm>
-#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
-#include <fstream>
+#include <filesystem>
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "audio/ProgramPaths.h"
-#include "audio/WaveWriter.h"
+#include "bench/support/Figures.h"
+#include "bench/support/NoisySound.h"
+#include "bench/support/ProcessMemory.h"
+#include "bench/support/Rounds.h"
 #include "document/Document.h"
 #include "edit/ClipEdits.h"
 #include "tests/support/ScratchFolder.h"
@@ -20,144 +20,90 @@
 namespace tembrel {
 namespace {
 
-constexpr std::int64_t kRate = 44100;
-constexpr std::int64_t kFrame = 4;
-constexpr std::int64_t kSecond = kRate * kFrame;
-constexpr std::int64_t kHour = kSecond * 3600;
-constexpr std::int64_t kMiddle = kHour / 2;
+constexpr std::int64_t kFrame = bench::kFrameBytes;
+constexpr std::int64_t kSecond = bench::kRate * kFrame;
 constexpr int kRounds = 5;
 constexpr int kUndoableEdits = 32;
-constexpr double kMegabyte = 1e6;
 
-bool WriteNoisyHour(const std::filesystem::path& path) {
-  std::optional<MemoryBlock> block = MemoryBlock::Allocate(static_cast<std::size_t>(kHour));
-  if (!block) {
-    return false;
-  }
-  std::uint32_t state = 1;
-  for (std::size_t at = 0; at < block->Size(); at += sizeof state) {
-    state = state * 1664525U + 1013904223U;
-    std::memcpy(block->Data() + at, &state, sizeof state);
-  }
-  return WriteWave(block->Bytes(), static_cast<std::uint32_t>(kRate), 16, 2, path).ok;
-}
-
-// The most memory this process has had at a time, in bytes, since ForgetPeak.
-double PeakMemory() {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) {
-    if (line.starts_with("VmHWM:")) {
-      return std::stod(line.substr(6)) * 1024;
-    }
-  }
-  return 0;
-}
-
-void ForgetPeak() {
-  std::ofstream("/proc/self/clear_refs") << "5";
-}
-
-double Milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
-  return taken.count();
-}
-
-double Median(std::vector<double> times) {
-  std::ranges::sort(times);
-  return times.at(times.size() / 2);
-}
-
-class Bench {
- public:
-  explicit Bench(Document& edited) : document(edited) {}
-
-  bool Failed() const { return failed; }
-
-  void MeasureWholeCopy() {
-    std::vector<double> times;
-    times.reserve(kRounds);
-    for (int round = 0; round < kRounds; ++round) {
-      times.push_back(
-          Milliseconds([this] { Check(document.Clip()->Copy() != nullptr, "copying the clip"); }));
-    }
-    wholeCopy = Median(times);
-    std::printf("%-52s %9.2f ms\n", "one whole copy of the clip in memory", wholeCopy);
-  }
-
-  // One edit, its undo, its redo and the undo again, several times over.
-  void Measure(const char* what, double limit, const std::function<EditResult()>& edit) {
-    std::vector<double> edits;
-    std::vector<double> undos;
-    std::vector<double> redos;
-    for (int round = 0; round < kRounds; ++round) {
-      edits.push_back(Milliseconds([&] { Check(edit().done, what); }));
-      undos.push_back(Milliseconds([&] { Check(document.Undo().done, "undo"); }));
-      redos.push_back(Milliseconds([&] { Check(document.Redo().done, "redo"); }));
-      Check(document.Undo().done, "undo");
-    }
-    Report(what, Median(edits), limit);
-    Report("  its undo", Median(undos), limit);
-    Report("  its redo", Median(redos), limit);
-  }
-
-  void MeasureMemory(const std::function<EditResult(int)>& edit) {
-    ForgetPeak();
-    for (int i = 0; i < kUndoableEdits; ++i) {
-      Check(edit(i).done, "one of 32 edits");
-    }
-    const double limit = 1.15 * static_cast<double>(kHour) + 60 * kMegabyte;
-    Say("peak memory after 32 edits, MB", PeakMemory() / kMegabyte, limit / kMegabyte);
-    int undone = 0;
-    for (; document.CanUndo() && document.Undo().done; ++undone) {
-    }
-    Check(undone == kUndoableEdits, "undoing all 32 edits");
-    Say("  with all of them undone", PeakMemory() / kMegabyte, limit / kMegabyte);
-  }
-
-  void Check(bool good, const char* what) {
-    if (!good) {
-      std::printf("FAILED: %s\n", what);
-      failed = true;
-    }
-  }
-
- private:
-  void Report(const char* what, double milliseconds, double limit) {
-    const double ratio = milliseconds / wholeCopy;
-    failed = failed || ratio > limit;
-    std::printf("%-52s %9.2f ms   %7.4f of a copy (at most %.2f)%s\n", what, milliseconds, ratio, limit,
-                ratio > limit ? "  MISSED" : "");
-  }
-  void Say(const char* what, double value, double limit) {
-    failed = failed || value > limit;
-    std::printf("%-52s %9.1f      (at most %.1f)%s\n", what, value, limit, value > limit ? "  MISSED" : "");
-  }
-
+struct Desk {
   Document& document;
-  double wholeCopy = 1;
-  bool failed = false;
+  Clipboard& clipboard;  // holds one second
+  std::int64_t seconds;  // of the document
+
+  ByteRange SecondFrom(std::int64_t start) const { return {start, start + kSecond}; }
+  std::int64_t Middle() const { return seconds / 2 * kSecond; }
 };
 
 // The seconds of the 32 edits lie apart: nothing is shared by luck.
-EditResult MixedEdit(Document& document, Clipboard& clipboard, int i) {
-  const std::int64_t start = (100 + i * 90) * kSecond;
-  const ByteRange second{start, start + kSecond};
+EditResult MixedEdit(const Desk& desk, int i) {
+  const std::int64_t startFrame = (100 + i * 90) * desk.seconds * bench::kRate / 3600;
+  const ByteRange second = desk.SecondFrom(startFrame * kFrame);
   switch (i % 6) {
     case 0:
-      return document.Edit(CutEdit(second, clipboard));
+      return desk.document.Edit(CutEdit(second, desk.clipboard));
     case 1:
-      return document.Edit(PasteInsertEdit(clipboard, start / kFrame));
+      return desk.document.Edit(PasteInsertEdit(desk.clipboard, startFrame));
     case 2:
-      return document.Edit(InsertSilenceEdit(second));
+      return desk.document.Edit(InsertSilenceEdit(second));
     case 3:
-      return document.Edit(PasteOverwriteEdit(clipboard, start / kFrame));
+      return desk.document.Edit(PasteOverwriteEdit(desk.clipboard, startFrame));
     case 4:
-      return document.Edit(PasteMergeEdit(clipboard, start / kFrame));
+      return desk.document.Edit(PasteMergeEdit(desk.clipboard, startFrame));
     default:
-      return document.Edit(CopyEdit(second, clipboard));
+      return desk.document.Edit(CopyEdit(second, desk.clipboard));
   }
+}
+
+void MeasureMemory(benchmark::State& state, const Desk& desk) {
+  double peak = 0;
+  double peakWithUndo = 0;
+  bench::CountRounds(state, [&](const auto& count) {
+    bench::ForgetPeakMemory();
+    int done = 0;
+    count([&] {
+      for (int i = 0; i < kUndoableEdits; ++i) {
+        done += MixedEdit(desk, i).done ? 1 : 0;
+      }
+    });
+    peak = bench::PeakMemory();
+    int undone = 0;
+    for (; desk.document.CanUndo() && desk.document.Undo().done; ++undone) {
+    }
+    peakWithUndo = bench::PeakMemory();
+    if (done != kUndoableEdits || undone != kUndoableEdits) {
+      bench::Fail(state, "not all of the 32 edits could be done and undone");
+    }
+  });
+  const double limit = 1.15 * static_cast<double>(desk.seconds * kSecond) / 1e6 + 60;
+  bench::Report(state, {{"peak_mb", peak, limit}, {"peak_with_undo_mb", peakWithUndo, limit}});
+}
+
+// One edit, its undo, its redo and the undo again in every round. The limit is in copies of the clip.
+void TimeEdit(benchmark::State& state, const Desk& desk, double limit,
+              const std::function<EditResult()>& edit) {
+  bool copied = true;
+  const double copy =
+      bench::TakeRounds(kRounds, [&] { copied = copied && desk.document.Clip()->Copy(); }).Median();
+  bench::Times undos;
+  bench::Times redos;
+  const bench::Times edits = bench::CountRounds(state, [&](const auto& count) {
+    EditResult edited;
+    EditResult undone;
+    EditResult redone;
+    count([&] { edited = edit(); });
+    undos.Take([&] { undone = desk.document.Undo(); });
+    redos.Take([&] { redone = desk.document.Redo(); });
+    if (!copied || !edited.done || !undone.done || !redone.done || !desk.document.Undo().done) {
+      bench::Fail(state, "the clip could not be copied, or not edited, undone and redone");
+    }
+  });
+  bench::Report(state, {{"of_copy", edits.Median() / copy, limit},
+                        {"undo_of_copy", undos.Median() / copy, limit},
+                        {"redo_of_copy", redos.Median() / copy, limit},
+                        {"median_ms", edits.Median()},
+                        {"undo_ms", undos.Median()},
+                        {"redo_ms", redos.Median()},
+                        {"copy_ms", copy}});
 }
 
 EditStep SilenceStep(const ByteRange& range) {
@@ -174,55 +120,66 @@ EditStep SilenceStep(const ByteRange& range) {
 }
 
 // A drag over a view of one second, a pixel a move.
-EditResult DragPencil(Document& document) {
-  constexpr PencilArea kArea{kMiddle / kFrame, kRate, 1600, 400};
-  EditResult result = document.BeginPencil();
-  for (int x = 0; x < kArea.width; ++x) {
-    document.DrawPencil(kArea, x, 60 + x % 40);
+EditResult DragPencil(const Desk& desk) {
+  const PencilArea area{desk.Middle() / kFrame, bench::kRate, 1600, 400};
+  EditResult result = desk.document.BeginPencil();
+  for (int x = 0; x < area.width; ++x) {
+    desk.document.DrawPencil(area, x, 60 + x % 40);
   }
-  document.EndPencil();
+  desk.document.EndPencil();
   return result;
+}
+
+void RegisterEdit(const char* name, const Desk& desk, double limit, const std::function<EditResult()>& edit) {
+  bench::Register(name, kRounds,
+                  [&desk, limit, edit](benchmark::State& state) { TimeEdit(state, desk, limit, edit); });
+}
+
+void RegisterEdits(const Desk& desk) {
+  constexpr double kInPlace = 0.03;
+  constexpr double kMoving = 2.0;
+  const ByteRange inMiddle = desk.SecondFrom(desk.Middle());
+  const ByteRange atStart = desk.SecondFrom(0);
+  const std::int64_t middleFrame = desk.Middle() / kFrame;
+  RegisterEdit("silence_in_middle", desk, kInPlace,
+               [&desk, inMiddle] { return desk.document.Edit(SilenceStep(inMiddle)); });
+  RegisterEdit("overwrite_in_middle", desk, kInPlace, [&desk, middleFrame] {
+    return desk.document.Edit(PasteOverwriteEdit(desk.clipboard, middleFrame));
+  });
+  RegisterEdit("merge_in_middle", desk, kInPlace, [&desk, middleFrame] {
+    return desk.document.Edit(PasteMergeEdit(desk.clipboard, middleFrame));
+  });
+  RegisterEdit("draw_in_middle_by_1600_moves", desk, kInPlace, [&desk] { return DragPencil(desk); });
+  RegisterEdit("cut_at_start", desk, kMoving,
+               [&desk, atStart] { return desk.document.Edit(CutEdit(atStart, desk.clipboard)); });
+  RegisterEdit("paste_at_start", desk, kMoving,
+               [&desk] { return desk.document.Edit(PasteInsertEdit(desk.clipboard, 0)); });
+  RegisterEdit("insert_silence_at_start", desk, kMoving,
+               [&desk, atStart] { return desk.document.Edit(InsertSilenceEdit(atStart)); });
 }
 
 int Run() {
   const test::ScratchFolder scratch;
   const ProgramPaths paths = PathsBelow(scratch.Path() / "program");
   std::filesystem::create_directories(paths.tempFolder);
-  const std::filesystem::path file = scratch.Path() / "hour.wav";
+  const std::filesystem::path file = scratch / "noise.wav";
+  const std::uint32_t seconds = bench::SoundSeconds();
   Document document(paths, 1);
-  if (!WriteNoisyHour(file) || document.LoadFile(file, file, {}) != LoadOutcome::Loaded) {
-    std::puts("an hour of sound could not be made");
+  Clipboard clipboard;
+  const Desk desk{document, clipboard, seconds};
+  if (!bench::WriteNoisyFile(file, seconds) || document.LoadFile(file, file, {}) != LoadOutcome::Loaded ||
+      !document.Edit(CopyEdit(desk.SecondFrom(desk.Middle()), clipboard)).done) {
+    std::fputs("the recording could not be made\n", stderr);
     return 1;
   }
-  Clipboard clipboard;
-  Bench bench(document);
-  bench.MeasureMemory([&](int i) { return MixedEdit(document, clipboard, i); });
-  bench.MeasureWholeCopy();
-  const ByteRange inMiddle{kMiddle, kMiddle + kSecond};
-  const ByteRange atStart{0, kSecond};
-  bench.Check(document.Edit(CopyEdit(inMiddle, clipboard)).done, "copy");
-  const std::int64_t middleFrame = kMiddle / kFrame;
-  constexpr double kInPlace = 0.03;
-  constexpr double kMoving = 2.0;
-  bench.Measure("one second of silence in the middle", kInPlace,
-                [&] { return document.Edit(SilenceStep(inMiddle)); });
-  bench.Measure("overwriting one second in the middle", kInPlace,
-                [&] { return document.Edit(PasteOverwriteEdit(clipboard, middleFrame)); });
-  bench.Measure("merging one second in the middle", kInPlace,
-                [&] { return document.Edit(PasteMergeEdit(clipboard, middleFrame)); });
-  bench.Measure("drawing over one second, 1600 mouse moves", kInPlace, [&] { return DragPencil(document); });
-  bench.Measure("cutting one second at the start", kMoving,
-                [&] { return document.Edit(CutEdit(atStart, clipboard)); });
-  bench.Measure("pasting one second at the start", kMoving,
-                [&] { return document.Edit(PasteInsertEdit(clipboard, 0)); });
-  bench.Measure("inserting one second of silence at the start", kMoving,
-                [&] { return document.Edit(InsertSilenceEdit(atStart)); });
-  return bench.Failed() ? 1 : 0;
+  bench::Register("memory_of_32_edits", 1, [&](benchmark::State& state) { MeasureMemory(state, desk); });
+  RegisterEdits(desk);
+  return bench::RunRegistered();
 }
 
 }  // namespace
 }  // namespace tembrel
 
-int main() {
-  return tembrel::Run();
+int main(int argc, char** argv) {
+  return tembrel::bench::ReadFlags(argc, argv) ? tembrel::Run() : 1;
 }
