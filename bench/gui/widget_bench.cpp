@@ -1,18 +1,14 @@
-// What a user waits for in the real document window, drawn offscreen, on 60 minutes of 44.1 kHz 16-bit stereo
-// (about 635 MB, written to the temporary folder and removed): from a wheel turn or a key to the finished
-// paint of everything that changed, the picture handed to the window system included. The waveform view is
-// 1600 x 600 pixels.
-#include <algorithm>
+// What a user waits for in the real document window, drawn offscreen, on 44.1 kHz 16-bit stereo, an hour of
+// it (about 635 MB, written to the temporary folder and removed) or TEMBREL_BENCH_MINUTES minutes: from a
+// wheel turn or a key to the finished paint of everything that changed, the picture handed to the window
+// system included. The waveform view is 1600 x 600 pixels.
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <memory>
-#include <vector>
+#include <string>
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -21,6 +17,9 @@
 
 #include "app/ui/PlayedWindow.h"
 #include "audio/ProgramPaths.h"
+#include "bench/support/Figures.h"
+#include "bench/support/NoisySound.h"
+#include "bench/support/Rounds.h"
 #include "device/Transport.h"
 #include "document/ui/AudioWin.h"
 #include "tests/support/FakeMixer.h"
@@ -33,57 +32,15 @@
 namespace tembrel {
 namespace {
 
-constexpr std::uint32_t kRate = 44100;
-constexpr std::uint32_t kHour = kRate * 3600;  // frames
-constexpr std::uint32_t kFrameSize = 4;        // bytes
 constexpr QSize kViewSize(1600, 600);
 constexpr int kSteps = 41;
+constexpr std::int64_t kTenSeconds = std::int64_t{10} * bench::kRate;
 
-void Put(std::ofstream& file, std::uint32_t value, int bytes) {
-  for (int i = 0; i < bytes; ++i) {
-    file.put(static_cast<char>(value >> (8 * i) & 0xFF));
-  }
-}
-
-// Noise: no two stretches look the same, and every column is high.
-bool WriteHour(const std::filesystem::path& path) {
-  std::ofstream file(path, std::ios::binary);
-  const std::uint32_t size = kHour * kFrameSize;
-  file << "RIFF";
-  Put(file, 36 + size, 4);
-  file << "WAVEfmt ";
-  Put(file, 16, 4);
-  Put(file, 1, 2);
-  Put(file, 2, 2);
-  Put(file, kRate, 4);
-  Put(file, kRate * kFrameSize, 4);
-  Put(file, kFrameSize, 2);
-  Put(file, 16, 2);
-  file << "data";
-  Put(file, size, 4);
-  std::vector<std::uint32_t> second(kRate);
-  std::uint32_t state = 1;
-  for (int i = 0; i < 3600; ++i) {
-    for (std::uint32_t& frame : second) {
-      state = state * 1664525U + 1013904223U;
-      frame = state;
-    }
-    file.write(reinterpret_cast<const char*>(second.data()), std::streamsize{kRate} * kFrameSize);
-  }
-  return file.flush().good();
-}
-
-double Median(std::vector<double> times) {
-  std::nth_element(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2), times.end());
-  return times[times.size() / 2];
-}
-
-double Milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
-  return taken.count();
-}
+// Targets in milliseconds.
+constexpr double kOfView = 16;
+constexpr double kOfCursor = 1;
+constexpr double kOfDrag = 4;
+constexpr double kBeyondLines = 15;
 
 // Sees whether the view was painted.
 class PaintWatch : public QObject {
@@ -110,30 +67,15 @@ class WindowHost : public test::FakeTransportHost {
   AudioWin& window;
 };
 
-class Bench {
+// The window and a user's hands on it.
+class Desk {
  public:
-  explicit Bench(AudioWin& audioWin) : window(audioWin), view(*audioWin.EditWindow()) {
+  explicit Desk(AudioWin& audioWin) : window(audioWin), view(*audioWin.EditWindow()) {
     view.installEventFilter(&watch);
   }
 
-  // Milliseconds for the event and everything up to the window's flushed picture; -1 when nothing moved or
-  // was painted.
-  double Step(const std::function<void()>& send) {
-    QCoreApplication::processEvents();
-    watch.painted = false;
-    const EditView& rules = view.View();
-    const auto Shown = [&rules] {
-      const PixelColumns strip = rules.SelectionStrip();
-      return std::array{rules.FirstVisibleFrame(), rules.FramesOnScreen(), rules.CursorFrame(),
-                        std::int64_t{strip.from}, std::int64_t{strip.to}};
-    };
-    const auto before = Shown();
-    const double taken = Milliseconds([&] {
-      send();
-      QCoreApplication::sendPostedEvents();  // the update request paints and flushes the whole window
-    });
-    return watch.painted && Shown() != before ? taken : -1;
-  }
+  EditView& View() { return view.View(); }
+  std::int64_t Frames() const { return window.Doc().Clip()->Frames(); }
 
   void Turn(int steps, Qt::KeyboardModifiers keys) {
     const QPointF at = view.rect().center();
@@ -153,79 +95,51 @@ class Bench {
     QApplication::sendEvent(&view, &event);
   }
 
-  // The median of `kSteps` steps; `prepare` runs before each and does not count.
-  void Report(const char* what, double target, const std::function<void(int)>& prepare,
-              const std::function<void(int)>& step) {
-    std::vector<double> times;
-    for (int i = 0; i < kSteps; ++i) {
+  // The cursor at the start of the sound, and these frames shown.
+  void Show(std::int64_t first, std::int64_t frames) {
+    View().SetCursorPosition(0, false);
+    View().Show(first, frames);
+    QCoreApplication::processEvents();
+  }
+  // Ten seconds that no step before has shown.
+  void ShowTenSeconds(int step) {
+    const std::int64_t places = Frames() / bench::kRate - 35;
+    Show((5 + (step * std::int64_t{83} + 2) % places) * bench::kRate, kTenSeconds);
+  }
+  void ShowAll() { Show(0, Frames()); }
+  void ShowHalf() {
+    View().ZoomAll();
+    View().ZoomIn();
+    QCoreApplication::processEvents();
+  }
+  void PutCursorInView() {
+    View().SetCursorPosition(View().FirstVisibleFrame() + View().FramesOnScreen() / 4, false);
+    QCoreApplication::processEvents();
+  }
+
+  // Times the steps, each with everything up to the window's flushed picture; `prepare` runs before each and
+  // does not count. Fails when a step moves or paints nothing.
+  bench::Times TimeSteps(benchmark::State& state, const std::function<void(int)>& prepare,
+                         const std::function<void(int)>& step) {
+    int i = 0;
+    return bench::CountRounds(state, [&](const auto& count) {
       prepare(i);
-      const double taken = Step([&] { step(i); });
-      if (taken < 0) {
-        std::printf("%-48s nothing moved or was painted\n", what);
-        failed = true;
-        return;
-      }
-      times.push_back(taken);
-    }
-    const double median = Median(times);
-    const double worst = *std::ranges::max_element(times);
-    std::printf("%-48s %8.3f ms  worst %8.3f ms  target %8.3f ms%s\n", what, median, worst, target,
-                median < target ? "" : "  MISSED");
-    failed = failed || median >= target;
-  }
-
-  double LinesOf(std::int64_t first, std::int64_t frames) {
-    constexpr int kRounds = 9;
-    std::vector<double> times;
-    times.reserve(kRounds);
-    std::size_t lines = 0;
-    for (int i = 0; i < kRounds; ++i) {
-      times.push_back(Milliseconds([&] {
-        lines +=
-            WaveLines(*window.Doc().Clip(), {kViewSize.width(), kViewSize.height()}, first, frames).size();
-      }));
-    }
-    const double median = Median(times);
-    std::printf("%-48s %8.3f ms  (%zu lines)\n", "  lines of the view alone", median, lines / kRounds);
-    return median;
-  }
-
-  void TenSeconds() {
-    constexpr double kTarget = 16;
-    const std::int64_t shown = std::int64_t{10} * kRate;
-    EditView& rules = view.View();
-    const auto Elsewhere = [&](int i) {
-      rules.Show((i * std::int64_t{83} + 7) * kRate, shown);
       QCoreApplication::processEvents();
-    };
-    Report("10 s: wheel, a quarter screen", kTarget, Elsewhere, [&](int) { Turn(-1, Qt::NoModifier); });
-    Report("10 s: Shift+wheel, a screen", kTarget, Elsewhere, [&](int) { Turn(-1, Qt::ShiftModifier); });
-    Report("10 s: Ctrl+Page Up, a quarter screen", kTarget, Elsewhere,
-           [&](int) { Press(Qt::Key_PageUp, Qt::ControlModifier); });
-    Report("10 s: Ctrl+wheel, zoom in to 5 s", kTarget, Elsewhere,
-           [&](int) { Turn(1, Qt::ControlModifier); });
-    Report(
-        "5 s: Ctrl+wheel, zoom out to 10 s", kTarget,
-        [&](int i) {
-          Elsewhere(i);
-          rules.ZoomIn();
-          QCoreApplication::processEvents();
-        },
-        [&](int) { Turn(-1, Qt::ControlModifier); });
-    Report(
-        "10 s: cursor, Right", 1, [](int) {}, [&](int) { Press(Qt::Key_Right, Qt::NoModifier); });
-    Report(
-        "10 s: cursor, across half the screen", 1, [](int) {},
-        [&](int i) {
-          rules.SetCursorPosition(rules.FirstVisibleFrame() + (i % 2 == 0 ? shown / 4 : shown * 3 / 4),
-                                  false);
-        });
-    Ticks("10 s: a tick of playing");
-    Drag("10 s: drag-select, 10 pixels", "10 s: drag-select, across the screen");
+      watch.painted = false;
+      const auto before = Shown();
+      count([&] {
+        step(i);
+        QCoreApplication::sendPostedEvents();  // the update request paints and flushes the whole window
+      });
+      if (!watch.painted || Shown() == before) {
+        bench::Fail(state, "nothing moved or was painted");
+      }
+      ++i;
+    });
   }
 
   // Ticks far enough apart for the cursor to be in another column every time.
-  void Ticks(const char* what) {
+  bench::Times TimeTicks(benchmark::State& state) {
     test::FakeAudioDevice device;
     test::FakeMixer mixer;
     test::ManualClock clock;
@@ -234,93 +148,171 @@ class Bench {
     WindowHost host(window);
     Transport transport(device, mixer, clock, settings, prompts, host);
     transport.Play();
-    const std::int64_t column = view.View().FramesOnScreen() / view.width() + 1;
-    const auto step = static_cast<std::uint32_t>(column * 1000 / kRate + 1);
-    Report(
-        what, 1, [&](int) { clock.now += step; }, [&](int) { transport.OnTick(); });
+    const std::int64_t column = View().FramesOnScreen() / view.width() + 1;
+    const auto apart = static_cast<std::uint32_t>(column * 1000 / bench::kRate + 1);
+    return TimeSteps(
+        state, [&](int) { clock.now += apart; }, [&](int) { transport.OnTick(); });
   }
 
-  // The selection grows by a few pixels a move, and jumps across the screen.
-  void Drag(const char* grow, const char* jump) {
-    constexpr double kTarget = 4;
-    constexpr double kStart = 100;
-    Mouse(QEvent::MouseButtonPress, kStart, Qt::LeftButton);
-    Report(
-        grow, kTarget, [](int) {},
-        [&](int i) { Mouse(QEvent::MouseMove, kStart + 10.0 * (i + 1), Qt::NoButton); });
-    Report(
-        jump, kTarget, [](int) {},
-        [&](int i) { Mouse(QEvent::MouseMove, i % 2 == 0 ? 1500.0 : kStart + 50.0, Qt::NoButton); });
-    view.View().CancelDrag();
+  // The mouse, pressed at kDragStart, moves to where(step).
+  bench::Times TimeDrag(benchmark::State& state, const std::function<double(int)>& where) {
+    Mouse(QEvent::MouseButtonPress, kDragStart, Qt::LeftButton);
+    bench::Times times = TimeSteps(
+        state, [](int) {}, [&](int i) { Mouse(QEvent::MouseMove, where(i), Qt::NoButton); });
+    View().CancelDrag();
     QCoreApplication::processEvents();
+    return times;
   }
 
-  void WholeFile() {
-    constexpr double kMore = 15;
-    EditView& rules = view.View();
-    const auto Half = [&](int) {
-      rules.ZoomAll();
-      rules.ZoomIn();
-      QCoreApplication::processEvents();
+  // Computing the lines of such a view alone.
+  double LinesMilliseconds(std::int64_t frames) const {
+    const auto compute = [&] {
+      benchmark::DoNotOptimize(
+          WaveLines(*window.Doc().Clip(), {kViewSize.width(), kViewSize.height()}, 0, frames).size());
     };
-    rules.Show(0, kHour);
-    rules.SetCursorPosition(0, false);
-    const double whole = LinesOf(0, kHour);
-    Report("whole file: Ctrl+wheel, zoom out to all", whole + kMore, Half,
-           [&](int) { Turn(-1, Qt::ControlModifier); });
-    const double half = LinesOf(0, kHour / 2);
-    Report("30 min: wheel, a quarter screen", half + kMore, Half, [&](int) { Turn(-1, Qt::NoModifier); });
-    Report(
-        "30 min: Ctrl+wheel, zoom in from all", half + kMore,
-        [&](int) {
-          rules.ZoomAll();
-          QCoreApplication::processEvents();
-        },
-        [&](int) { Turn(1, Qt::ControlModifier); });
-    rules.ZoomAll();
-    QCoreApplication::processEvents();
-    Report(
-        "whole file: cursor, Right", 1, [](int) {}, [&](int) { Press(Qt::Key_Right, Qt::NoModifier); });
-    Ticks("whole file: a tick of playing");
-    Drag("whole file: drag-select, 10 pixels", "whole file: drag-select, across the screen");
+    return bench::TakeRounds(9, compute).Median();
   }
 
-  bool failed = false;
+  static constexpr double kDragStart = 100;
 
  private:
+  std::array<std::int64_t, 5> Shown() const {
+    const EditView& rules = view.View();
+    const PixelColumns strip = rules.SelectionStrip();
+    return {rules.FirstVisibleFrame(), rules.FramesOnScreen(), rules.CursorFrame(), strip.from, strip.to};
+  }
+
   AudioWin& window;
   AudioEditWindow& view;
   PaintWatch watch;
 };
 
+void Report(benchmark::State& state, const bench::Times& times, double target) {
+  bench::Report(state, {{"median_ms", times.Median(), target}, {"worst_ms", times.Worst()}});
+}
+
+// Of views that show so many frames that their lines take most of the time.
+void ReportBeyondLines(benchmark::State& state, const bench::Times& times, double lines) {
+  bench::Report(state, {{"median_ms", times.Median()},
+                        {"worst_ms", times.Worst()},
+                        {"lines_ms", lines},
+                        {"beyond_lines_ms", times.Median() - lines, kBeyondLines}});
+}
+
+// A view of ten seconds, elsewhere before every step.
+void RegisterTenSeconds(Desk& desk, const std::string& name, const std::function<void()>& step) {
+  bench::Register(("10_s/" + name).c_str(), kSteps, [&desk, step](benchmark::State& state) {
+    Report(state,
+           desk.TimeSteps(
+               state, [&](int i) { desk.ShowTenSeconds(i); }, [&](int) { step(); }),
+           kOfView);
+  });
+}
+
+void RegisterScrollingAndZooming(Desk& desk) {
+  RegisterTenSeconds(desk, "wheel_a_quarter_screen", [&desk] { desk.Turn(-1, Qt::NoModifier); });
+  RegisterTenSeconds(desk, "shift_wheel_a_screen", [&desk] { desk.Turn(-1, Qt::ShiftModifier); });
+  RegisterTenSeconds(desk, "ctrl_page_up_a_quarter_screen",
+                     [&desk] { desk.Press(Qt::Key_PageUp, Qt::ControlModifier); });
+  RegisterTenSeconds(desk, "ctrl_wheel_in_to_5_s", [&desk] { desk.Turn(1, Qt::ControlModifier); });
+  bench::Register("5_s/ctrl_wheel_out_to_10_s", kSteps, [&desk](benchmark::State& state) {
+    const auto prepare = [&](int i) {
+      desk.ShowTenSeconds(i);
+      desk.View().ZoomIn();
+    };
+    Report(state, desk.TimeSteps(state, prepare, [&](int) { desk.Turn(-1, Qt::ControlModifier); }), kOfView);
+  });
+  bench::Register("whole_file/ctrl_wheel_out_to_all", kSteps, [&desk](benchmark::State& state) {
+    desk.ShowAll();
+    const double lines = desk.LinesMilliseconds(desk.Frames());
+    const bench::Times times = desk.TimeSteps(
+        state, [&](int) { desk.ShowHalf(); }, [&](int) { desk.Turn(-1, Qt::ControlModifier); });
+    ReportBeyondLines(state, times, lines);
+  });
+  bench::Register("half_file/wheel_a_quarter_screen", kSteps, [&desk](benchmark::State& state) {
+    desk.ShowAll();
+    const double lines = desk.LinesMilliseconds(desk.Frames() / 2);
+    const bench::Times times = desk.TimeSteps(
+        state, [&](int) { desk.ShowHalf(); }, [&](int) { desk.Turn(-1, Qt::NoModifier); });
+    ReportBeyondLines(state, times, lines);
+  });
+  bench::Register("half_file/ctrl_wheel_in_from_all", kSteps, [&desk](benchmark::State& state) {
+    desk.ShowAll();
+    const double lines = desk.LinesMilliseconds(desk.Frames() / 2);
+    const bench::Times times = desk.TimeSteps(
+        state, [&](int) { desk.View().ZoomAll(); }, [&](int) { desk.Turn(1, Qt::ControlModifier); });
+    ReportBeyondLines(state, times, lines);
+  });
+}
+
+// What moves nothing but the cursor or the selection, in the view that `show` brings.
+void RegisterMoves(Desk& desk, const std::string& shown, const std::function<void()>& show) {
+  bench::Register((shown + "/cursor_right").c_str(), kSteps, [&desk, show](benchmark::State& state) {
+    show();
+    desk.PutCursorInView();
+    Report(state,
+           desk.TimeSteps(
+               state, [](int) {}, [&](int) { desk.Press(Qt::Key_Right, Qt::NoModifier); }),
+           kOfCursor);
+  });
+  bench::Register((shown + "/playing_tick").c_str(), kSteps, [&desk, show](benchmark::State& state) {
+    show();
+    desk.PutCursorInView();
+    Report(state, desk.TimeTicks(state), kOfCursor);
+  });
+  bench::Register((shown + "/drag_10_pixels").c_str(), kSteps, [&desk, show](benchmark::State& state) {
+    show();
+    Report(state, desk.TimeDrag(state, [](int i) { return Desk::kDragStart + 10.0 * (i + 1); }), kOfDrag);
+  });
+  bench::Register((shown + "/drag_across").c_str(), kSteps, [&desk, show](benchmark::State& state) {
+    show();
+    const auto Across = [](int i) { return i % 2 == 0 ? 1500.0 : Desk::kDragStart + 50.0; };
+    Report(state, desk.TimeDrag(state, Across), kOfDrag);
+  });
+}
+
+void RegisterCursorAcross(Desk& desk) {
+  bench::Register("10_s/cursor_across_half_the_screen", kSteps, [&desk](benchmark::State& state) {
+    desk.ShowTenSeconds(0);
+    const auto jump = [&](int i) {
+      desk.View().SetCursorPosition(desk.View().FirstVisibleFrame() + kTenSeconds * (i % 2 == 0 ? 1 : 3) / 4,
+                                    false);
+    };
+    Report(state,
+           desk.TimeSteps(
+               state, [](int) {}, jump),
+           kOfCursor);
+  });
+}
+
 int Run() {
   const test::ScratchFolder scratch;
   const ProgramPaths paths = PathsBelow(scratch.Path());
   std::filesystem::create_directories(paths.tempFolder);
-  const std::filesystem::path hour = scratch / "hour.wav";
-  if (!WriteHour(hour)) {
-    std::fputs("the hour of sound could not be written\n", stderr);
-    return 1;
-  }
-  AudioWin window(paths, 1, "hour.wav");
-  if (window.Doc().LoadFile(hour, hour.string(), {}) != LoadOutcome::Loaded) {
-    std::fputs("the hour of sound could not be read\n", stderr);
+  const std::filesystem::path file = scratch / "noise.wav";
+  AudioWin window(paths, 1, "noise.wav");
+  if (!bench::WriteNoisyFile(file, bench::SoundSeconds()) ||
+      window.Doc().LoadFile(file, file.string(), {}) != LoadOutcome::Loaded) {
+    std::fputs("the recording could not be made\n", stderr);
     return 1;
   }
   std::error_code ignored;
-  std::filesystem::remove(hour, ignored);
+  std::filesystem::remove(file, ignored);
   window.resize(kViewSize + QSize(100, 100));
   window.show();
   QCoreApplication::processEvents();
   window.resize(window.size() + kViewSize - window.EditWindow()->size());
   window.ShowLoadedDocument();
   QCoreApplication::processEvents();
-  std::printf("view %d x %d, %.1f device pixels a pixel, medians of %d steps\n", window.EditWindow()->width(),
-              window.EditWindow()->height(), window.devicePixelRatioF(), kSteps);
-  Bench bench(window);
-  bench.TenSeconds();
-  bench.WholeFile();
-  return bench.failed ? 1 : 0;
+  benchmark::AddCustomContext("device pixels a pixel", std::to_string(window.devicePixelRatioF()));
+  benchmark::AddCustomContext("view", std::to_string(window.EditWindow()->width()) + " x " +
+                                          std::to_string(window.EditWindow()->height()));
+  Desk desk(window);
+  RegisterScrollingAndZooming(desk);
+  RegisterCursorAcross(desk);
+  RegisterMoves(desk, "10_s", [&desk] { desk.ShowTenSeconds(0); });
+  RegisterMoves(desk, "whole_file", [&desk] { desk.ShowAll(); });
+  return bench::RunRegistered();
 }
 
 }  // namespace
@@ -329,5 +321,5 @@ int Run() {
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
-  return tembrel::Run();
+  return tembrel::bench::ReadFlags(argc, argv) ? tembrel::Run() : 1;
 }
