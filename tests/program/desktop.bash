@@ -99,6 +99,14 @@ focus_window() {
   xdotool windowactivate --sync "$(list_windows "$1")"
 }
 
+# A menu is a window of its own: with it there are more than the visible_windows from before, which menu_is_open is given.
+visible_windows() {
+  list_windows '' | wc -l
+}
+menu_is_open() {
+  [ "$(visible_windows)" -gt "$1" ]
+}
+
 editor_is_gone() {
   ! kill -0 "$editorPid" 2>/dev/null
 }

@@ -21,28 +21,20 @@ wait_for_waveform
 maximise_document
 wait_for_windows '^Tembrel.*demo\.wav' 1
 
-# drag X1 X2: with the left button held, as slowly as a hand; the mouse stays where it was let go.
+# drag X1 X2: with the left button held, in steps as a hand does it; the mouse stays where it was let go.
 drag() {
   xdotool mousemove --window "$mainWindow" "$1" 300 mousedown 1
   local x
-  for x in $(seq "$1" $((($2 - $1) / 8)) "$2") "$2"; do
-    xdotool mousemove --window "$mainWindow" "$x" 300 sleep 0.02
+  for x in $(seq $(($1 + ($2 - $1) / 8)) $((($2 - $1) / 8)) $(($2 - 1))) "$2"; do
+    xdotool mousemove --sync --window "$mainWindow" "$x" 300
   done
   xdotool mouseup 1
 }
 
-# The menu is a window of its own.
-visible_windows() {
-  list_windows '' | wc -l
-}
-windowsBefore=$(visible_windows)
-menu_is_open() {
-  [ "$(visible_windows)" -gt "$windowsBefore" ]
-}
-
 left=200 right=500
+windowsBefore=$(visible_windows)
 drag $left $right
-wait_until "the action menu" menu_is_open
+wait_until "the action menu" menu_is_open "$windowsBefore"
 # Its first entry cuts.
 press Down Return
 wait_for_windows '^Tembrel.*demo\.wav\*' 1

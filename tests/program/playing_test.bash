@@ -49,8 +49,12 @@ press p
 wait_until "the Play button to be down" is_down "${playButton[@]}"
 click "${pauseButton[@]}"
 wait_until "the Pause button to be down" is_down "${pauseButton[@]}"
-window_picture "$scratch/paused.png"
-view_looks_like "$scratch/paused.png" || fail "the cursor runs in a pause"
+# The button is painted before the cursor stands. At the end of the screen it would stand, too, the Play button up.
+cursor_stands() {
+  window_picture "$scratch/paused.png" && view_looks_like "$scratch/paused.png"
+}
+wait_until "the cursor to stand" cursor_stands
+is_down "${playButton[@]}" || fail "the cursor runs in a pause"
 click "${pauseButton[@]}"
 wait_until "the Pause button to be up" is_up "${pauseButton[@]}"
 wait_until "the end of the screen" is_up "${playButton[@]}"

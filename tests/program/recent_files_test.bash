@@ -13,8 +13,9 @@ grep --recursive --quiet "remember me.wav" "$XDG_CONFIG_HOME" || fail "the setti
 start_editor
 focus_window '^Tembrel$'
 wait_until "the empty window" shows_no_colour "$waveBlue"
+windowsBefore=$(visible_windows)
 press alt+f
-window_picture "$scratch/menu.png"
+wait_until "the File menu" menu_is_open "$windowsBefore"
 # The recent files are the menu's last entries.
 press Up Return
 wait_for_waveform
