@@ -48,6 +48,13 @@ bool SaveDocumentTo(const std::filesystem::path& path, Document& document, Promp
                   "does not write such files.");
     return false;
   }
+  if (clip->dataSize == 0) {
+    // It would replace a file that opens by one that never does.
+    prompts.Error(path.string() +
+                  " was not saved: nothing is left of this sound, and a file without sound cannot be opened "
+                  "again.");
+    return false;
+  }
   const WriteResult result = WriteWithProgress(*clip, path, prompts);
   if (!result.ok && !result.cancelled) {
     prompts.Error(path.string() + " could not be saved: " + result.reason + ".");

@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "edit/FormatChange.h"
 #include "tests/document/DocumentFixture.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/ScriptedPrompts.h"
@@ -81,6 +82,22 @@ TEST_F(Saving, OfAnEmptyDocumentNeverTouchesTheFile) {
   EXPECT_FALSE(SaveDocument(document, prompts));
   EXPECT_EQ(Content(path), "not sound, but somebody's");
   EXPECT_THAT(prompts.errors, ElementsAre("There is no sound to save."));
+}
+
+TEST_F(Saving, OfSoundThatAConversionLeftNothingOfNeverTouchesTheFile) {
+  file = MakeWave("short.wav", 3);
+  original = Content(file);
+  document.LoadFile(file, file, {});
+  ASSERT_TRUE(document.Edit(FormatEdit({11025, 16, 2})).done);
+  ASSERT_EQ(document.Clip()->dataSize, 0U);
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(file), original);
+  EXPECT_TRUE(document.Changed());
+  ASSERT_EQ(prompts.errors.size(), 1U);
+  EXPECT_THAT(prompts.errors[0], HasSubstr(file.string() + " was not saved: nothing is left of this sound"));
+  ASSERT_TRUE(document.Undo().done);
+  EXPECT_TRUE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(file), original);
 }
 
 TEST_F(Saving, AsWritesTheChosenNameWithTheFiltersExtension) {
