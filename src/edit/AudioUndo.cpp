@@ -80,6 +80,11 @@ bool AudioUndo::Undo(ClipEditor& editor) {
   Store(history.currentIndex + 1, history.redoSlots);
   if (steps) {
     history.topIndex = std::max(history.topIndex, history.currentIndex + 1);
+    UndoSlot& undone = history.undoSlots.at(static_cast<std::size_t>(history.currentIndex + 1));
+    if (!undone.version) {
+      // Given up for want of memory on the way; without it a redo could not be undone.
+      undone.version = std::make_shared<ClipVersion>(ClipVersion::Of(editor.Clip()));
+    }
   }
   return true;
 }

@@ -85,6 +85,9 @@ TEST(ScarceMemory, CanRedoAnUndoThatFoundRoomAtTheSecondTry) {
   ASSERT_TRUE(session.undo.CanRedo());
   ASSERT_TRUE(session.Redo());
   EXPECT_EQ(session.Content(), pasted);
+  ASSERT_TRUE(session.undo.CanUndo());
+  ASSERT_TRUE(session.Undo());
+  EXPECT_EQ(session.Content(), BytesOf({1, 2, 3, 4}));
 }
 
 TEST(ScarceMemory, RefusesAnUndoThatHasToGrowTheClipAndChangesNothing) {
