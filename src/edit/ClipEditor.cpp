@@ -76,7 +76,7 @@ std::optional<std::span<std::byte>> ClipEditor::Splice(std::uint64_t offset, std
     return std::nullopt;
   }
   const std::uint64_t remaining = clip.dataSize - oldLength;
-  if (newLength > memory.largestClip || !FitsIn(remaining + newLength) || !Grow(remaining + newLength)) {
+  if (!FitsIn(newLength) || !FitsIn(remaining + newLength) || !Grow(remaining + newLength)) {
     return std::nullopt;
   }
   if (!Preserve(offset, oldLength)) {
@@ -326,8 +326,10 @@ void ClipEditor::Trim() {
   }
 }
 
+// A file may hold a few bytes more than one that is written: such sound may be edited as long as it does not
+// grow.
 bool ClipEditor::FitsIn(std::uint64_t newSize) {
-  if (newSize <= memory.largestClip) {
+  if (newSize <= std::max<std::uint64_t>(memory.largestClip, clip.dataSize)) {
     return true;
   }
   refusalText = "The sound would become larger than " + std::to_string(memory.largestClip) +

@@ -55,7 +55,7 @@ class ClipEditor {
 
   // Replaces [offset, offset + oldLength) by newLength bytes of undefined content, which are returned to be
   // filled; what stood behind stands behind the new bytes. Ends spans given out before. Refused when the
-  // range is not within the clip, the clip would become too large, or there is no memory.
+  // range is not within the clip, the clip would grow and become too large, or there is no memory.
   std::optional<std::span<std::byte>> Splice(std::uint64_t offset, std::uint64_t oldLength,
                                              std::uint64_t newLength);
 

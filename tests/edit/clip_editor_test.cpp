@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <limits>
 
 #include "audio/WaveWriter.h"
@@ -65,6 +65,23 @@ TEST_F(ClipEditing, ReplacesAll) {
   EXPECT_EQ(session.clip.format, PcmFormat(44100, 16, 2));
   EXPECT_EQ(session.clip.data.Size(), 3U);
   EXPECT_TRUE(editor.Changes().All());
+}
+
+TEST_F(ClipEditing, MakesSoundThatIsTooLargeAlreadySmallerButNotLarger) {
+  session.memory.largestClip = 3;
+  EXPECT_FALSE(editor.Splice(0, 1, 2));
+  EXPECT_NE(editor.RefusalText(), "");
+  EXPECT_TRUE(editor.Splice(0, 1, 0));
+  EXPECT_EQ(session.Content(), BytesOf({2, 3, 4, 5}));
+}
+
+TEST_F(ClipEditing, SaysWhyWhereTheNewBytesAloneAreTooMany) {
+  session.memory.largestClip = 7;
+  for (const std::uint64_t length : {std::uint64_t{8}, kHuge}) {
+    ClipEditor another(session.clip, session.undo, session.memory);
+    EXPECT_FALSE(another.Splice(0, 5, length));
+    EXPECT_THAT(another.RefusalText(), ::testing::HasSubstr("would become larger than 7 bytes"));
+  }
 }
 
 TEST_F(ClipEditing, RefusesToReplaceByTooLargeASound) {
