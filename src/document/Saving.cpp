@@ -43,9 +43,10 @@ bool SaveDocumentTo(const std::filesystem::path& path, Document& document, Promp
     return false;
   }
   if (!HasPackedFrames(clip->format)) {
-    prompts.Error(path.string() +
-                  " was not saved: every frame of this sound has bytes that belong to no sample, and Tembrel "
-                  "does not write such files.");
+    const bool hasGaps = clip->format.nBlockAlign > FrameSize(clip->format);
+    prompts.Error(path.string() + " was not saved: every frame of this sound has " +
+                  (hasGaps ? "bytes that belong to no sample" : "fewer bytes than its samples take") +
+                  ", and Tembrel does not write such files.");
     return false;
   }
   if (clip->dataSize == 0) {

@@ -165,6 +165,19 @@ TEST_F(Saving, OfFramesWithGapsIsRefusedAndTouchesNothing) {
   EXPECT_THAT(prompts.errors[0], HasSubstr(file.string() + " was not saved: every frame"));
 }
 
+TEST_F(Saving, OfFramesThatAreTooSmallForTheirSamplesIsRefusedAsSuch) {
+  file = MakeWave("small.wav", 50, 16, 2);
+  std::string bytes = Content(file);
+  bytes[32] = 2;
+  MakeFile(file, bytes);
+  document.LoadFile(file, file, {});
+  EXPECT_FALSE(SaveDocument(document, prompts));
+  EXPECT_EQ(Content(file), bytes);
+  ASSERT_EQ(prompts.errors.size(), 1U);
+  EXPECT_THAT(prompts.errors[0],
+              HasSubstr("every frame of this sound has fewer bytes than its samples take"));
+}
+
 TEST_F(Saving, ThroughASymbolicLinkWritesTheFileItPointsTo) {
   Open("song.wav");
   const auto target = scratch.Path() / "target.wav";
