@@ -54,14 +54,7 @@ LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std:
     FailToLoad(displayName, loaded.reason);
     return LoadOutcome::Failed;
   }
-  if (TakeSound(std::move(loaded.clip), displayName, SecondHalf(progress)) == LoadOutcome::Cancelled) {
-    return LoadOutcome::Cancelled;
-  }
-  std::uint32_t frames = 0;
-  if (ReadWaveInfo(wavePath, frames) != kNoDuration) {
-    frameCount = frames;
-  }
-  return LoadOutcome::Loaded;
+  return TakeSound(std::move(loaded.clip), displayName, SecondHalf(progress));
 }
 
 LoadOutcome Document::TakeSound(std::unique_ptr<AudioClip> sound, const std::string& displayName,

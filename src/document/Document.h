@@ -61,7 +61,7 @@ class Document {
   // its progress function sees this; whoever is called from there leaves the samples alone. A further edit,
   // undo or redo is not done then.
   bool Editing() const { return editing; }
-  // Frames as the file's header tells them; after an edit that refreshes the lengths, as the clip has them.
+  // Whole frames of the sound.
   std::uint32_t FrameCount() const { return frameCount; }
   bool Stereo() const { return stereo; }
 

@@ -154,6 +154,20 @@ TEST_F(DocumentLoading, OfFramesWithGapsSaysTheyCanOnlyBeLookedAt) {
   EXPECT_THAT(document.Notice(), HasSubstr("(16 bits, 1 channel, 7 bytes per frame)"));
 }
 
+TEST_F(DocumentLoading, CountsTheFramesItLoadedWhenTheFileIsReplacedMeanwhile) {
+  const auto path = MakeWave("song.wav", 100);
+  const auto other = MakeWave("other.wav", 5000);
+  Document document(paths, 7);
+  document.LoadFile(path, path, {}, [&](std::uint64_t, std::uint64_t) {
+    std::error_code ignored;
+    std::filesystem::rename(other, path, ignored);
+    return true;
+  });
+  ASSERT_FALSE(std::filesystem::exists(other));
+  EXPECT_EQ(document.Clip()->dataSize, 400U);
+  EXPECT_EQ(document.FrameCount(), 100U);
+}
+
 TEST_F(DocumentLoading, ReportsProgressFromStartToEnd) {
   const auto path = MakeWave("song.wav");
   Document document(paths, 7);
