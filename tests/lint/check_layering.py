@@ -1,4 +1,5 @@
-"""Qt stays in ui/ folders, and a room includes only the rooms that its CMake target uses.
+"""Qt stays in ui/ folders, a room includes only the rooms that its CMake target uses, and nobody but the platform room's
+own sources the headers of one operating system.
 
 check_layering.py ROOT RULES: every line of the file RULES is "room: used rooms".
 """
@@ -12,6 +13,7 @@ import project_files
 INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]+)[>"]')
 QT_HEADER = re.compile(r"Q[A-Zt]\w*(/|$)|q[a-z]+\.h$")
 QT_FOLDERS = {"ui", "gui"}
+SYSTEM_FOLDER = "platform/linux/"  # what is written for one operating system
 
 
 def read_rules(path):
@@ -38,6 +40,8 @@ def layer_problem(source, quote, header, rules):
     room = room_of(source)
     if room not in rules:
         return f"the room {room} has no CMake target"
+    if header.startswith(SYSTEM_FOLDER) and not str(source).startswith(SYSTEM_FOLDER):
+        return f'only {SYSTEM_FOLDER} includes "{header}"'
     used = room_of(pathlib.PurePosixPath(header))
     if used is None:
         return f'"{header}" is not a path from src/'

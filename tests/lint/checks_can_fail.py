@@ -58,6 +58,16 @@ class ChecksCanFail(unittest.TestCase):
         self.write("src/audio/Clip.cpp", '#include "audio/ui/Box.h"\n')
         self.assert_finds(check_layering.problems(self.root, RULES), "audio/ui/Box.h")
 
+    def test_layering_keeps_one_system_s_headers_below_the_platform(self):
+        header = '#include "platform/linux/Descriptor.h"\n'
+        self.write("src/platform/linux/Paths.cpp", header)
+        self.assertEqual(check_layering.problems(self.root, RULES), [])
+        for path in ["src/audio/Clip.cpp", "src/platform/Paths.h"]:
+            with self.subTest(path):
+                file = self.write(path, header)
+                self.assert_finds(check_layering.problems(self.root, RULES), f"{path}:1", "platform/linux")
+                file.unlink()
+
     def test_layering_finds_an_include_that_is_no_path(self):
         self.write("src/audio/Clip.cpp", '#include "Clip.h"\n')
         self.assert_finds(check_layering.problems(self.root, RULES), "not a path")
