@@ -1,6 +1,8 @@
 // The program is killed while it edits: what is recovered then.
+#include <chrono>
 #include <csignal>
 #include <gmock/gmock.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -10,6 +12,7 @@
 #include "document/TempCopy.h"
 #include "edit/ClipEdits.h"
 #include "tests/document/DocumentFixture.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/FileSizeLimit.h"
 
 namespace tembrel {
@@ -27,6 +30,7 @@ class Dying : public test::DocumentTest {
   pid_t StartEditing(const std::filesystem::path& path) const {
     const pid_t child = fork();
     if (child == 0) {
+      prctl(PR_SET_PDEATHSIG, SIGKILL);
       Document document(paths, 1);
       document.LoadFile(path, path.string(), {});
       Clipboard clipboard;
@@ -37,6 +41,12 @@ class Dying : public test::DocumentTest {
       }
     }
     return child;
+  }
+
+  // The moment of the kill, which has to be another one each time.
+  static void LetItGoOn(std::chrono::microseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    EXPECT_TRUE(test::Eventually([end] { return std::chrono::steady_clock::now() >= end; }));
   }
 
   static void Kill(pid_t child) {
@@ -51,10 +61,8 @@ TEST_F(Dying, AtAnyMomentOfAnEditLosesNoSoundBeforeOrBehindIt) {
   for (int round = 0; round < 8; ++round) {
     const pid_t child = StartEditing(path);
     ASSERT_GT(child, 0);
-    for (int i = 0; i < 3000 && !std::filesystem::exists(paths.tempFolder / "temp1.txt"); ++i) {
-      usleep(10'000);
-    }
-    usleep(static_cast<useconds_t>(round * 3'700));
+    EXPECT_TRUE(test::Eventually([this] { return std::filesystem::exists(paths.tempFolder / "temp1.txt"); }));
+    LetItGoOn(std::chrono::microseconds(round * 3'700));
     Kill(child);
     std::vector<AbandonedCopy> copies = FindAbandonedCopies(paths.tempFolder);
     ASSERT_EQ(copies.size(), 1U);

@@ -132,11 +132,14 @@ class ChecksCanFail(unittest.TestCase):
         self.write("tests/gui/box_test.cpp", "QTRY_VERIFY(box);  // never QTest::qWait(5)\nQTest::qWaitFor(ready);\n")
         self.write("tests/program/desktop.bash", "sleep 0.05\n")
         self.write("tests/program/quit.bash", "wait_for window asleep\n")
-        self.write("tests/audio/clock_test.cpp", "usleep(5);\n")
+        self.write("tests/support/Eventually.h", "std::this_thread::sleep_for(2ms);\n")
+        self.write("scripts/wait.sh", "sleep 1\n")
         self.assertEqual(check_sleeps.problems(self.root), [])
         for path, text in [("gui/a.cpp", "QTest::qSleep(5);"), ("gui/b.cpp", "QTest::qWait(50);"),
                            ("gui/c.cpp", "std::this_thread::sleep_for(1s);"), ("gui/d.cpp", "usleep(5);"),
-                           ("program/e.bash", "  sleep 1"), ("program/f.bash", "start; sleep 1")]:
+                           ("audio/clock_test.cpp", "nanosleep(&time, nullptr);"), ("batch/g.bash", "sleep 1"),
+                           ("program/e.bash", "  sleep 1"), ("program/f.bash", "start; sleep 1"),
+                           ("program/h.bash", 'xdotool mousemove "$x" 300 sleep 0.02')]:
             with self.subTest(text):
                 file = self.write(f"tests/{path}", text + "\n")
                 self.assert_finds(check_sleeps.problems(self.root), f"tests/{path}:1")
