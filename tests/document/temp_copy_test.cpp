@@ -125,5 +125,15 @@ TEST_F(TempCopyUpdate, WithoutChangesTouchesNothing) {
   EXPECT_FALSE(UpToDate());
 }
 
+TEST_F(TempCopyUpdate, TakesNoNameThatALinkHasEvenIfItLeadsNowhere) {
+  const std::filesystem::path elsewhere = scratch.Path() / "elsewhere.wav";
+  std::filesystem::create_symlink(elsewhere, paths.TempWavePath(2));
+  const std::optional<TempCopy> second = TempCopy::Create(paths, 2);
+  ASSERT_TRUE(second);
+  EXPECT_EQ(second->Path(), paths.TempWavePath(3));
+  EXPECT_FALSE(std::filesystem::exists(elsewhere));
+  EXPECT_TRUE(std::filesystem::is_symlink(paths.TempWavePath(2)));
+}
+
 }  // namespace
 }  // namespace tembrel
