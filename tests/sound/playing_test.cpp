@@ -232,10 +232,19 @@ TEST_F(Playing, AFileThatCannotBeReadLeavesTheOldOneOpen) {
 }
 
 TEST_F(Playing, BehindTheEndIsSilent) {
-  Start(Write("a.wav", kStereo, NoiseBytes(kStereo, kFrames)), 100'000);
+  const Bytes data = NoiseBytes(kStereo, kFrames);
+  const auto path = Write("a.wav", kStereo, data);
+  const SoundTap tap("out.monitor");
+  Start(path, 100'000);
+  EXPECT_TRUE(tap.WaitForMore(kFrames));
+  EXPECT_EQ(tap.Heard().size(), 0U);
   EXPECT_EQ(services.device->StopPlayback(), kDeviceSuccess);
   EXPECT_EQ(services.device->ClosePlayback(), kDeviceSuccess);
   EXPECT_EQ(services.device->Play(), kNothingOpen);
+  // All that is heard is the next sound: the tap was not deaf.
+  Start(path);
+  EXPECT_TRUE(tap.WaitForAll(kFrames));
+  EXPECT_TRUE(tap.Heard() == AsHeard(kStereo, data));
 }
 
 }  // namespace

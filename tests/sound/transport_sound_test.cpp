@@ -1,10 +1,10 @@
 // The transport with the real clock and sound device: what is heard and recorded when its commands are given.
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <gtest/gtest.h>
 
 #include "audio/WaveReader.h"
+#include "device/SteadyClock.h"
 #include "device/Transport.h"
 #include "tests/sound/RealSound.h"
 #include "tests/support/FakeTransport.h"
@@ -15,14 +15,6 @@ namespace {
 
 constexpr std::size_t kFrames = 50'000;
 constexpr WaveFormat kStereo{kPcmTag, 2, 44100, 176400, 4, 16};
-
-class RunningClock : public MillisecondClock {
- public:
-  std::uint32_t Now() const override {
-    const auto since = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(since).count());
-  }
-};
 
 class TransportSound : public RealSound {
  protected:
@@ -61,7 +53,7 @@ class TransportSound : public RealSound {
 
   Bytes data = NoiseBytes(kStereo, kFrames);
   std::vector<StereoFrame> all = AsHeard(kStereo, data);
-  RunningClock clock;
+  SteadyClock clock;
   Settings settings;
   ScriptedPrompts prompts;
   FakeTransportHost host;
