@@ -134,6 +134,18 @@ TEST(RecordingSetup, TheWidestControlDoesNotOverflow) {
   EXPECT_EQ(Accepted(setup, {}).recording.recordingVolume, INT32_MIN);
 }
 
+TEST(RecordingSetup, AControlWithOneValueStandsAtNothing) {
+  FakeMixer mixer = ThreeMixers();
+  mixer.devices[0].destinations[1].lines[0].volume = VolumeControl{5, 5, 5};
+  RecordingSetup setup(mixer, With(Lines(0, 7, 0, 7)));
+  for (const SetupLine which : {kRecording, kSaving}) {
+    EXPECT_TRUE(setup.Slider(which).exists);
+    EXPECT_EQ(setup.Slider(which).position, 5);
+    EXPECT_EQ(setup.Percent(which), 0);
+    EXPECT_EQ(setup.Slider(which).pageStep, 1);
+  }
+}
+
 TEST(RecordingSetup, AControlThatEndsBeforeItBeginsIsNone) {
   FakeMixer mixer = ThreeMixers();
   mixer.devices[0].destinations[1].lines[0].volume = VolumeControl{5, 4, 5};

@@ -61,6 +61,19 @@ TEST_F(Export, AsksBeforeItOverwrites) {
   EXPECT_EQ(TextIn(scratch / "a.txt"), "new");
 }
 
+TEST_F(Export, WritesThroughALink) {
+  WriteText(scratch / "a.txt", "old");
+  std::filesystem::create_symlink("a.txt", scratch / "link.txt");
+  std::filesystem::create_symlink("b.txt", scratch / "nowhere.txt");
+  prompts.answers = {Answer::Yes};
+  EXPECT_EQ(Save(scratch / "link", "new"), scratch / "link.txt");
+  EXPECT_EQ(Save(scratch / "nowhere", "first"), scratch / "nowhere.txt");
+  EXPECT_EQ(prompts.questions.size(), 1U);
+  EXPECT_TRUE(std::filesystem::is_symlink(scratch / "link.txt"));
+  EXPECT_EQ(TextIn(scratch / "a.txt"), "new");
+  EXPECT_EQ(TextIn(scratch / "b.txt"), "first");
+}
+
 TEST_F(Export, WritesNothingWhenTheUserStepsBack) {
   EXPECT_FALSE(SaveExport(prompts, kText, scratch / "a.txt", "content"));
   EXPECT_FALSE(std::filesystem::exists(scratch / "a.txt"));
