@@ -150,13 +150,26 @@ void Transport::Pause() {
     if (playDocument->IsOpen()) {
       MoveCursorTo(pauseTime);
     }
+    pausedFrame = playDocument->CursorFrame();
   } else {
-    StartDevice(MillisecondsOfFrame(playDocument->CursorFrame(), playDocument->Rate()));
-    resumeTime = clock.Now();
-    startTime += resumeTime - pauseTime;
-    paused = false;
+    GoOn();
   }
   host.TransportChanged();
+}
+
+// The sound goes on at the cursor. A cursor that somebody has moved meanwhile is where playing starts anew.
+void Transport::GoOn() {
+  const std::int64_t cursor = playDocument->CursorFrame();
+  const std::int32_t cursorMs = MillisecondsOfFrame(cursor, playDocument->Rate());
+  StartDevice(cursorMs);
+  resumeTime = clock.Now();
+  if (cursor == pausedFrame) {
+    startTime += resumeTime - pauseTime;
+  } else {
+    startMs = cursorMs;
+    startTime = resumeTime;
+  }
+  paused = false;
 }
 
 void Transport::Stop() {

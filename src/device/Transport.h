@@ -66,6 +66,7 @@ class Transport {
   void StartPlaying(Range range);
   void StartDevice(std::int32_t fromMs);
   void MoveCursorTo(std::uint32_t now);
+  void GoOn();
   void StopPlaying();
   void StopRecording();
   bool KeepRecording();
@@ -89,9 +90,10 @@ class Transport {
   bool playScreenMode = false;  // the view stays where it is
   std::uint32_t startTime = 0;  // clock; moved forward by every pause's length
   std::int32_t endMs = 0;       // where playing ends and started, in the sound
-  std::int32_t startMs = 0;
+  std::int32_t startMs = 0;     // anew at the cursor, when that was moved during a pause
   std::uint32_t pauseTime = 0;  // clock, when Pause was pressed and released
   std::uint32_t resumeTime = 0;
+  std::int64_t pausedFrame = 0;  // where Pause has left the cursor
   std::filesystem::path recordFileName;
   std::unique_ptr<PlayedDocument> playDocument;
   int rememberedLine = 0;

@@ -104,18 +104,55 @@ TEST(TransportPausing, LeavesADocumentThatIsGoneAlone) {
   EXPECT_THAT(stage.Document().cursorMoves, IsEmpty());
 }
 
-// The sound goes on at the cursor, the position by the clock.
-TEST(TransportPausing, TheSoundGoesOnAtTheCursor) {
+TEST(TransportPausing, ACursorMovedOnTakesSoundAndPositionAlong) {
   TransportStage stage;
   stage.transport.Play();
   stage.Run(1000);
   stage.transport.Pause();
+  stage.Run(5000);
   stage.Document().cursor = 441'000;
   stage.device.TakeCalls();
   stage.transport.Pause();
   EXPECT_THAT(stage.device.TakeCalls(), ElementsAre("open song.wav 10000", "play"));
   stage.Run(100);
-  EXPECT_EQ(stage.Document().cursor, 44100 + 4410);
+  EXPECT_EQ(stage.Document().cursor, 441'000 + 4410);
+  stage.Run(49'899);
+  EXPECT_TRUE(stage.transport.Playing());
+  stage.Run(1);
+  EXPECT_FALSE(stage.transport.Playing());
+}
+
+TEST(TransportPausing, ACursorMovedBackBeforeTheStartPlaysToTheEnd) {
+  TransportStage stage;
+  stage.Document().cursor = 441'000;
+  stage.transport.PlayFromCursor();
+  stage.Run(1000);
+  stage.transport.Pause();
+  stage.Document().cursor = 0;
+  stage.device.TakeCalls();
+  stage.transport.Pause();
+  EXPECT_THAT(stage.device.TakeCalls(), ElementsAre("open song.wav 0", "play"));
+  stage.Run(100);
+  EXPECT_EQ(stage.Document().cursor, 4410);
+  stage.Run(500);
+  stage.transport.Pause();
+  stage.Run(5000);
+  stage.transport.Pause();
+  stage.Run(59'399);
+  EXPECT_TRUE(stage.transport.Playing());
+  stage.Run(1);
+  EXPECT_FALSE(stage.transport.Playing());
+}
+
+TEST(TransportPausing, ACursorMovedToTheEndEndsPlaying) {
+  TransportStage stage;
+  stage.transport.Play();
+  stage.Run(1000);
+  stage.transport.Pause();
+  stage.Document().cursor = stage.Document().frames;
+  stage.transport.Pause();
+  stage.Run(1);
+  EXPECT_FALSE(stage.transport.Playing());
 }
 
 TEST(TransportPausing, TheScreenStaysTheScreen) {
