@@ -156,9 +156,12 @@ void RecordingSetup::MoveSlider(SetupLine which, std::int32_t position) {
 
 void RecordingSetup::Accept(Settings& settings) {
   RecordingSettings& stored = settings.recording;
+  // Empty lists of the stored mixer say nothing about its lines: it, or its server, may be back later.
+  if (!lineNames.empty() || mixerNumber != stored.mixer) {
+    stored.recordingLine = SelectedLine(SetupLine::Recording).value_or(kNoLine);
+    stored.savingLine = SelectedLine(SetupLine::Saving).value_or(kNoLine);
+  }
   stored.mixer = mixerNumber;
-  stored.recordingLine = SelectedLine(SetupLine::Recording).value_or(kNoLine);
-  stored.savingLine = SelectedLine(SetupLine::Saving).value_or(kNoLine);
   if (Slider(SetupLine::Recording).exists) {
     stored.recordingVolume = Narrow(VolumeAt(SetupLine::Recording, Slider(SetupLine::Recording)));
   }

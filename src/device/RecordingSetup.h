@@ -61,7 +61,8 @@ class RecordingSetup {
   void ChooseFormat(const FormatSelections& selections) { format = selections; }
   void ShowBeforeRecording(bool show) { showDialog = show; }
 
-  // Stores what is chosen and closes the mixer.
+  // Stores what is chosen and closes the mixer. Where nothing can be chosen, because the stored mixer shows
+  // no lines, the stored lines stay.
   void Accept(Settings& settings);
 
  private:

@@ -289,9 +289,7 @@ TEST(RecordingSetup, AStoredMixerThatIsNotThereKeepsItsNumberAndLeavesTheListsEm
     RecordingSetup setup(mixer, With(settings));
     EXPECT_THAT(setup.LineNames(), IsEmpty());
     const Settings stored = Accepted(setup, settings);
-    EXPECT_EQ(stored.recording.mixer, number);
-    EXPECT_EQ(stored.recording.recordingLine, -1);
-    EXPECT_EQ(stored.recording.recordingVolume, 500);
+    EXPECT_EQ(stored.recording, settings);
   }
 }
 
@@ -312,6 +310,23 @@ TEST(RecordingSetup, WithoutMixersTheFormatCanStillBeChosen) {
   EXPECT_EQ(setup.Hint(), "No sound server was found. Only the format can be chosen.");
   setup.ChooseFormat({0, 0, 0});
   EXPECT_EQ(Accepted(setup, {}).playback, (PlaybackFormat{11025, 8, 1}));
+}
+
+TEST(RecordingSetup, WithoutMixersTheStoredLinesStay) {
+  FakeMixer mixer;
+  const RecordingSettings settings = Lines(2, 500, 1, 600);
+  RecordingSetup setup(mixer, With(settings));
+  EXPECT_EQ(Accepted(setup, settings).recording, settings);
+}
+
+TEST(RecordingSetup, LinesOfAnotherMixerDoNotStay) {
+  FakeMixer mixer = ThreeMixers();
+  const RecordingSettings settings = Lines(0, 500, 1, 600);
+  RecordingSetup setup(mixer, With(settings));
+  setup.ChooseMixer(1);  // does not open
+  RecordingSettings expected = Lines(-1, 500, -1, 600);
+  expected.mixer = 1;
+  EXPECT_EQ(Accepted(setup, settings).recording, expected);
 }
 
 TEST(RecordingSetup, SelectsAndStoresEveryFormat) {
