@@ -62,7 +62,7 @@ bool MayPassUnity(float magnitude) {
 }
 
 // The columns side by side are a sound of their own, with as many samples in a delay as there are columns.
-std::optional<float> PeakOfColumns(ClipEditor& editor, const FrameRange& range,
+std::optional<float> PeakOfColumns(ClipEditor& editor, const EffectFrames& range,
                                    std::span<const std::byte> frames, std::size_t channel, std::int64_t delay,
                                    std::span<const std::int64_t> columns) {
   std::optional<EchoLine> line =

@@ -48,7 +48,7 @@ bool MayPassUnity(float magnitude);
 
 // The largest magnitude that these columns reach exactly. `frames` are the range's bytes; columns are in
 // ascending order, below `delay`. Nothing when there is no memory.
-std::optional<float> PeakOfColumns(ClipEditor& editor, const FrameRange& range,
+std::optional<float> PeakOfColumns(ClipEditor& editor, const EffectFrames& range,
                                    std::span<const std::byte> frames, std::size_t channel, std::int64_t delay,
                                    std::span<const std::int64_t> columns);
 

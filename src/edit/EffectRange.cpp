@@ -64,7 +64,7 @@ ByteRange FrameBytes(const ByteRange& selection, const AudioClip& clip) {
   return Within(selection, clip, FrameSize(clip.format));
 }
 
-FrameRange FrameRange::Of(const ByteRange& selection, const AudioClip& clip) {
+EffectFrames EffectFrames::Of(const ByteRange& selection, const AudioClip& clip) {
   const ByteRange bytes = FrameBytes(selection, clip);
   return {clip.format, bytes, (bytes.end - bytes.start) / FrameSize(clip.format)};
 }

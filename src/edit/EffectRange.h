@@ -22,12 +22,12 @@ ByteRange FrameBytes(const ByteRange& selection, const AudioClip& clip);
 inline constexpr std::size_t kMostChannels = 2;
 
 // The sound that an effect works on: whole frames.
-struct FrameRange {
+struct EffectFrames {
   WaveFormat format;
   ByteRange bytes;
   std::int64_t count = 0;  // frames
 
-  static FrameRange Of(const ByteRange& selection, const AudioClip& clip);
+  static EffectFrames Of(const ByteRange& selection, const AudioClip& clip);
   // What SamplesToFloat calls the channel with this index.
   std::uint32_t Selector(std::size_t channel) const {
     return static_cast<std::uint32_t>(format.nChannels == 1 ? 0 : channel + 1);

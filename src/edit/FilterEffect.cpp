@@ -96,7 +96,7 @@ class BlockQueue {
 
 class FilteredSource : public FloatSource {
  public:
-  FilteredSource(const FrameRange& frameRange, const BlockFilter& blockFilter)
+  FilteredSource(const EffectFrames& frameRange, const BlockFilter& blockFilter)
       : range(frameRange), filter(blockFilter) {}
 
   bool Prepare(ClipEditor& editor) {
@@ -177,13 +177,13 @@ class FilteredSource : public FloatSource {
     queue.Flush();
   }
 
-  const FrameRange& range;
+  const EffectFrames& range;
   const BlockFilter& filter;
   std::array<MemoryBlock, kMostChannels> inputs;
 };
 
 EditResult RunFilter(ClipEditor& editor, const ByteRange& selection, FilterMode mode, int preset) {
-  const FrameRange range = FrameRange::Of(selection, editor.Clip());
+  const EffectFrames range = EffectFrames::Of(selection, editor.Clip());
   const BlockFilter filter(mode, range.format.nSamplesPerSec, BuildPresetTable(preset));
   FilteredSource source(range, filter);
   return source.Prepare(editor) ? RewriteLimited(editor, range, source) : RefusalOf(editor);

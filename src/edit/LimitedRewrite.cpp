@@ -15,7 +15,7 @@ constexpr std::int64_t kStoredAtOnce = std::int64_t{1} << 13U;
 
 class Rewriter {
  public:
-  Rewriter(ClipEditor& clipEditor, const FrameRange& frameRange, FloatSource& floatSource)
+  Rewriter(ClipEditor& clipEditor, const EffectFrames& frameRange, FloatSource& floatSource)
       : editor(clipEditor),
         range(frameRange),
         source(floatSource),
@@ -122,7 +122,7 @@ class Rewriter {
   }
 
   ClipEditor& editor;
-  const FrameRange& range;
+  const EffectFrames& range;
   FloatSource& source;
   std::uint64_t size;
   std::int64_t keptFrom = 0;  // frames before are computed twice, those from here on are kept
@@ -134,7 +134,7 @@ class Rewriter {
 
 }  // namespace
 
-EditResult RewriteLimited(ClipEditor& editor, const FrameRange& range, FloatSource& source) {
+EditResult RewriteLimited(ClipEditor& editor, const EffectFrames& range, FloatSource& source) {
   return Rewriter(editor, range, source).Run();
 }
 

@@ -40,6 +40,6 @@ class FloatSource {
 };
 
 // Rewrites the range by the source's sound. Refused when there is no memory.
-EditResult RewriteLimited(ClipEditor& editor, const FrameRange& range, FloatSource& source);
+EditResult RewriteLimited(ClipEditor& editor, const EffectFrames& range, FloatSource& source);
 
 }  // namespace tembrel

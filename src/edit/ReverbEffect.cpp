@@ -50,7 +50,7 @@ struct FrameRun {
 
 class Reverberation {
  public:
-  Reverberation(ClipEditor& clipEditor, const FrameRange& frameRange)
+  Reverberation(ClipEditor& clipEditor, const EffectFrames& frameRange)
       : editor(clipEditor),
         range(frameRange),
         size(static_cast<std::uint64_t>(range.bytes.end - range.bytes.start)),
@@ -280,7 +280,7 @@ class Reverberation {
   }
 
   ClipEditor& editor;
-  FrameRange range;
+  EffectFrames range;
   std::uint64_t size;
   std::int64_t delay;
   std::int64_t rowLength;
@@ -291,7 +291,7 @@ class Reverberation {
 };
 
 EditResult Reverb(ClipEditor& editor, const ByteRange& selection) {
-  return Reverberation(editor, FrameRange::Of(selection, editor.Clip())).Run();
+  return Reverberation(editor, EffectFrames::Of(selection, editor.Clip())).Run();
 }
 
 }  // namespace

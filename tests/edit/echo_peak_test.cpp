@@ -34,13 +34,13 @@ Bytes Level(std::uint64_t count, std::int64_t level) {
 struct Search {
   test::EffectSession session;
   Bytes bytes;
-  FrameRange range;
+  EffectFrames range;
   ClipEditor editor;
 
   Search(const WaveFormat& format, Bytes sound)
       : session(format, sound),
         bytes(std::move(sound)),
-        range(FrameRange::Of({0, static_cast<std::int64_t>(bytes.size())}, session.clip)),
+        range(EffectFrames::Of({0, static_cast<std::int64_t>(bytes.size())}, session.clip)),
         editor(session.clip, session.undo, session.memory) {}
 
   // All outputs, exactly.

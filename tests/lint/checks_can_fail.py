@@ -11,6 +11,7 @@ import check_engine_libraries
 import check_format
 import check_headers
 import check_layering
+import check_names
 import check_shell
 import check_sleeps
 import check_tidy
@@ -75,6 +76,24 @@ class ChecksCanFail(unittest.TestCase):
     def test_layering_finds_a_room_without_a_target(self):
         self.write("src/attic/Box.cpp", '#include "audio/Clip.h"\n')
         self.assert_finds(check_layering.problems(self.root, RULES), "attic")
+
+    def test_names_lets_a_name_be_declared_and_nested_twice(self):
+        self.write("src/audio/Clip.h", "namespace tembrel {\nclass Box;\n// struct Box {};\nstruct Clip {\n"
+                   "  enum class Kind { None };\n  int count = 1'000;\n};\ninline Box* Open(struct Lid& lid) { return {}; }\n}\n")
+        self.write("src/view/Box.h", "namespace tembrel {\nclass Clip;\nclass Box final : public Base {\n"
+                   "  struct Kind {};\n};\nnamespace other {\nstruct Clip {};\n}\n}\n")
+        self.write("src/view/Box.cpp", "namespace tembrel {\nnamespace {\nstruct Clip {};\n}\n}\n")
+        self.write("tests/view/Clip.h", "namespace tembrel {\nstruct Clip {};\n}\n")
+        self.assertEqual(check_names.problems(self.root), [])
+
+    def test_names_finds_a_type_that_two_headers_define(self):
+        self.write("src/audio/Clip.h", "namespace tembrel {\nstruct Clip {\n  int start = 0;\n};\n}\n")
+        for definition in ["struct Clip {};", "class Clip final : public Base {\n};", "enum class Clip : int { None };",
+                           "enum Clip { kNone };", "template <typename T>\nstruct Clip {};", "struct alignas(4) Clip {\n};"]:
+            with self.subTest(definition):
+                self.write("src/view/ui/Window.h", "#define LID {\nnamespace tembrel {\n" + definition + "\n}\n")
+                self.assert_finds(check_names.problems(self.root), "src/view/ui/Window.h:", "tembrel::Clip",
+                                  "src/audio/Clip.h:2")
 
     def test_engine_libraries_finds_qt_in_the_editor(self):
         if len(sys.argv) > 1:
