@@ -4,8 +4,8 @@
 #include <type_traits>
 #include <utility>
 
-#include "edit/ShareOut.h"
 #include "platform/Prefetch.h"
+#include "platform/WorkTeam.h"
 
 namespace tembrel {
 

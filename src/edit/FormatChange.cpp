@@ -11,7 +11,7 @@
 #include "edit/EffectRange.h"
 #include "edit/RateSteps.h"
 #include "edit/SampleLoads.h"
-#include "edit/ShareOut.h"
+#include "platform/WorkTeam.h"
 
 namespace tembrel {
 

@@ -11,8 +11,8 @@
 #include "edit/ClipEditor.h"
 #include "edit/EditStep.h"
 #include "edit/EffectRange.h"
-#include "edit/ShareOut.h"
 #include "platform/MemoryBlock.h"
+#include "platform/WorkTeam.h"
 
 namespace tembrel {
 

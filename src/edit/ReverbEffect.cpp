@@ -4,7 +4,6 @@
 #include <array>
 #include <functional>
 #include <optional>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -12,8 +11,8 @@
 #include "edit/EchoPeak.h"
 #include "edit/EffectRange.h"
 #include "edit/SampleFloat.h"
-#include "edit/ShareOut.h"
 #include "platform/Prefetch.h"
+#include "platform/WorkTeam.h"
 
 namespace tembrel {
 
@@ -99,7 +98,7 @@ class Reverberation {
       return 1;
     }
     const std::int64_t most = std::clamp<std::int64_t>(rowLength / kLeastWidth, 1, kMostStrips);
-    const std::int64_t processors = std::max(std::thread::hardware_concurrency(), 1U);
+    const std::int64_t processors = Processors();
     return most < processors ? most : most / processors * processors;
   }
 

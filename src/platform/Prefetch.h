@@ -9,12 +9,17 @@ namespace tembrel {
 
 inline constexpr std::size_t kStretch = 2048;  // bytes
 
-inline void PrefetchForReading(std::span<const std::byte> bytes) {
+// The cache line in which the byte lies.
+inline void PrefetchForReading([[maybe_unused]] const std::byte* at) {
 #ifdef __GNUC__
-  for (std::size_t at = 0; at < bytes.size(); at += 64) {
-    __builtin_prefetch(bytes.data() + at, 0);
-  }
+  __builtin_prefetch(at, 0);
 #endif
+}
+
+inline void PrefetchForReading(std::span<const std::byte> bytes) {
+  for (std::size_t at = 0; at < bytes.size(); at += 64) {
+    PrefetchForReading(bytes.data() + at);
+  }
 }
 
 inline void PrefetchForWriting(std::span<const std::byte> bytes) {

@@ -1,12 +1,13 @@
 #include "view/ColumnExtremes.h"
 
+#include <algorithm>
 #include <array>
-#include <atomic>
 #include <bit>
 #include <cstring>
 #include <limits>
-#include <system_error>
-#include <thread>
+
+#include "platform/Prefetch.h"
+#include "platform/WorkTeam.h"
 
 namespace tembrel {
 
@@ -16,7 +17,6 @@ static_assert(std::endian::native == std::endian::little, "samples are read as t
 
 // Starting a thread costs about what looking at this many samples does.
 constexpr std::int64_t kSamplesWorthAThread = 1 << 18;
-constexpr unsigned kMostThreads = 16;
 constexpr std::int64_t kSharesAThread = 16;
 
 template <typename Sample>
@@ -92,7 +92,7 @@ Running<Sample, kChannels> SpreadExtremes(const std::byte* at, std::int64_t coun
   for (std::int64_t i = 0; i < count; ++i) {
     const std::byte* frame = at + i * spread.distance;
     if constexpr (kAskAhead) {
-      __builtin_prefetch(frame + std::min<std::int64_t>(ahead, spread.end - frame));
+      PrefetchForReading(frame + std::min<std::int64_t>(ahead, spread.end - frame));
     }
     for (int channel = 0; channel < kChannels; ++channel) {
       const auto sample = Load<Sample>(frame + channel * spread.apart);
@@ -143,9 +143,8 @@ Look LookFor(const WaveSpan& span) {
 
 std::int64_t ThreadsFor(const WaveSpan& span) {
   const std::int64_t samples = span.frames / span.step * span.channels;
-  const unsigned processors = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
   return std::clamp<std::int64_t>(samples / kSamplesWorthAThread, 1,
-                                  std::min<std::int64_t>(processors, span.ColumnCount()));
+                                  std::min<std::int64_t>(Processors(), span.ColumnCount()));
 }
 
 }  // namespace
@@ -158,22 +157,9 @@ std::vector<std::vector<Extremes>> ColumnExtremes(const WaveSpan& span) {
   const std::int64_t threads = ThreadsFor(span);
   // Small shares, taken as they come: a thread that the system holds up does not hold up the picture.
   const std::int64_t share = std::max<std::int64_t>(count / (threads * kSharesAThread), 1);
-  std::atomic<std::int64_t> nextColumn = 0;
-  const auto work = [&span, &columns, &nextColumn, look, share, count] {
-    for (std::int64_t from = nextColumn.fetch_add(share); from < count; from = nextColumn.fetch_add(share)) {
-      look(span, from, std::min(from + share, count), columns);
-    }
-  };
-  std::vector<std::jthread> helpers;
-  try {
-    for (std::int64_t i = 1; i < threads; ++i) {
-      helpers.emplace_back(work);
-    }
-  } catch (const std::system_error&) {
-    // No more threads to be had: those that run, and this one, do all shares.
-  }
-  work();
-  helpers.clear();
+  WorkTeam(threads).ShareOut((count + share - 1) / share, [&](std::int64_t index) {
+    look(span, index * share, std::min((index + 1) * share, count), columns);
+  });
   return columns;
 }
 

@@ -1,4 +1,4 @@
-#include "edit/ShareOut.h"
+#include "platform/WorkTeam.h"
 
 #include <algorithm>
 #include <atomic>
@@ -11,6 +11,10 @@ namespace {
 constexpr unsigned kMostThreads = 16;
 
 }  // namespace
+
+int Processors() {
+  return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads));
+}
 
 struct WorkTeam::Task {
   const std::function<void(std::int64_t)>& work;
@@ -52,9 +56,8 @@ bool WorkTeam::ShareOut(std::int64_t count, const std::function<void(std::int64_
 }
 
 void WorkTeam::Hire(std::int64_t wanted) {
-  const std::int64_t processors = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
   try {
-    while (static_cast<std::int64_t>(helpers.size()) < std::min(processors - 1, wanted)) {
+    while (static_cast<std::int64_t>(helpers.size()) < std::min(most - 1, wanted)) {
       helpers.emplace_back([this] { Help(); });
     }
   } catch (const std::exception&) {

@@ -1,9 +1,11 @@
 #include <atomic>
 #include <gtest/gtest.h>
+#include <mutex>
+#include <set>
 #include <thread>
 #include <vector>
 
-#include "edit/ShareOut.h"
+#include "platform/WorkTeam.h"
 
 namespace tembrel {
 namespace {
@@ -54,6 +56,25 @@ TEST(WorkTeam, DoesTaskAfterTask) {
       ASSERT_EQ(times, 1) << task;
     }
   }
+}
+
+TEST(WorkTeam, HasNoMoreThreadsThanItMay) {
+  for (const std::int64_t most : {1, 2}) {
+    WorkTeam team(most);
+    std::mutex mutex;
+    std::set<std::thread::id> seen;
+    EXPECT_TRUE(team.ShareOut(1000, [&](std::int64_t) {
+      const std::lock_guard lock(mutex);
+      seen.insert(std::this_thread::get_id());
+    }));
+    EXPECT_LE(static_cast<std::int64_t>(seen.size()), most);
+    EXPECT_TRUE(most > 1 || seen.contains(std::this_thread::get_id()));
+  }
+}
+
+TEST(WorkTeam, CountsAtLeastOneProcessor) {
+  EXPECT_GE(Processors(), 1);
+  EXPECT_LE(Processors(), 16);
 }
 
 TEST(WorkTeam, GoesOnAfterATaskThatWasStopped) {

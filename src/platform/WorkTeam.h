@@ -1,4 +1,4 @@
-// Work on independent pieces of sound, shared out to all processors.
+// Work on independent pieces, shared out to all processors.
 #pragma once
 
 #include <condition_variable>
@@ -10,10 +10,15 @@
 
 namespace tembrel {
 
-// Helping threads that stay for as long as the team: for work that is shared out again and again.
+// The machine's processors, as far as work is shared out to them: 1 to 16.
+int Processors();
+
+// Helping threads that stay for as long as the team: for work that is shared out again and again. They are
+// started when there is work for them; where the system gives none, the caller's thread does it all.
 class WorkTeam {
  public:
-  WorkTeam() = default;
+  // With this many threads at most, the caller's among them.
+  explicit WorkTeam(std::int64_t mostThreads = Processors()) : most(mostThreads) {}
   WorkTeam(const WorkTeam&) = delete;
   WorkTeam& operator=(const WorkTeam&) = delete;
   ~WorkTeam();
@@ -33,6 +38,7 @@ class WorkTeam {
   void Publish(Task& task);
   void Withdraw();
 
+  std::int64_t most;
   std::mutex mutex;
   std::condition_variable begun;
   std::condition_variable left;
@@ -43,7 +49,7 @@ class WorkTeam {
   std::vector<std::jthread> helpers;
 };
 
-// The same once.
+// The same once, by a team of all processors.
 bool ShareOut(std::int64_t count, const std::function<void(std::int64_t)>& work,
               const std::function<bool(std::int64_t done)>& goOn = {});
 
