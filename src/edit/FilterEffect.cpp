@@ -1,199 +1,154 @@
 #include "edit/FilterEffect.h"
 
 #include <algorithm>
-#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
 
-#include "edit/BlockFilter.h"
 #include "edit/EffectRange.h"
+#include "edit/FilteredSound.h"
 #include "edit/FloatBlock.h"
-#include "edit/LimitedRewrite.h"
 #include "edit/SampleFloat.h"
 
 namespace tembrel {
 
 namespace {
 
-constexpr auto kBlock = static_cast<std::int64_t>(kBlockPoints);
-constexpr std::int64_t kOverlap = kBlock / 2;
-// Frames of one channel that a thread filters at a time.
-constexpr std::int64_t kPiece = kFramesAPiece;
-static_assert(kPiece % kBlock == 0);
+// Frames that are scaled and stored by one thread at a time, while they are in the processor's cache.
+constexpr std::int64_t kStoredAtOnce = std::int64_t{1} << 13U;
 
-// A piece of a channel while it is filtered. Positions are in frames from the start of the range.
-struct Piece {
-  std::int64_t start = 0;
-  std::int64_t end = 0;
-  std::int64_t inputStart = 0;   // the position of the first input
-  std::span<const float> input;  // reaches half a block beyond the piece on both sides, where there is sound
-  std::span<float> out;          // from `start` on
-
-  const float* At(std::int64_t position) const {
-    return &input[static_cast<std::size_t>(position - inputStart)];
-  }
-  float* OutAt(std::int64_t position) const { return &out[static_cast<std::size_t>(position - start)]; }
-};
-
-// Collects blocks until there are enough to filter them together, and puts them out.
-class BlockQueue {
+// Goes through the range twice: for the peak of each channel, which shows only at its end, and to scale and
+// store. Of the floats the last are kept in between, as many as EditMemory says; those before are computed
+// again: hours need no more memory than minutes.
+class FilterRun {
  public:
-  // In pairs, blocks take half the work.
-  BlockQueue(const BlockFilter& blockFilter, const Piece& filteredPiece, bool filtersPairs, bool addsToOut)
-      : filter(blockFilter), piece(filteredPiece), pairs(filtersPairs), adds(addsToOut) {}
+  FilterRun(ClipEditor& clipEditor, const ByteRange& selection, FilterMode mode, int preset)
+      : editor(clipEditor),
+        range(EffectFrames::Of(selection, clipEditor.Clip())),
+        filter(mode, range.format.nSamplesPerSec, BuildPresetTable(preset)),
+        size(static_cast<std::uint64_t>(range.bytes.end - range.bytes.start)) {}
 
-  void Add(std::int64_t start) {
-    starts.at(count++) = start;
-    if (count == (pairs ? 2 * kLanes : kLanes)) {
-      Flush();
+  EditResult Run() {
+    if (!Prepare()) {
+      return RefusalOf(editor);
     }
-  }
-
-  void Flush() {
-    if (count == 0) {
-      return;
+    if (!FindPeaks()) {
+      return EditResult::Cancelled();
     }
-    std::array<const float*, 2 * kLanes> all{};
-    std::transform(starts.begin(), starts.begin() + static_cast<std::ptrdiff_t>(count), all.begin(),
-                   [this](std::int64_t start) { return piece.At(start); });
-    const auto blocks = std::span<const float* const>(all).first(count);
-    if (pairs) {
-      filter.FilterPairs(blocks, filtered);
-    } else {
-      filter.Filter(blocks, filtered);
+    const auto bytes = editor.Overwrite(static_cast<std::uint64_t>(range.bytes.start), size);
+    if (!bytes) {
+      return RefusalOf(editor);
     }
-    for (std::size_t i = 0; i < count; ++i) {
-      Put(starts.at(i), filtered.at(i).data());
-    }
-    count = 0;
-  }
-
-  // The part of a block, filtered or not, that lies in the piece.
-  void Put(std::int64_t start, const float* values) const {
-    const std::int64_t from = std::max(start, piece.start);
-    const std::int64_t to = std::min(start + kBlock, piece.end);
-    if (from >= to) {
-      return;
-    }
-    const std::span<const float> put(values + (from - start), static_cast<std::size_t>(to - from));
-    if (adds) {
-      std::ranges::transform(put, std::span(piece.OutAt(from), put.size()), piece.OutAt(from), std::plus{});
-    } else {
-      std::ranges::copy(put, piece.OutAt(from));
-    }
+    return Write(*bytes) ? EditResult::Done() : EditResult::Cancelled();
   }
 
  private:
-  const BlockFilter& filter;
-  const Piece& piece;
-  bool pairs;
-  bool adds;
-  std::size_t count = 0;
-  std::array<std::int64_t, 2 * kLanes> starts{};
-  std::array<BlockValues, 2 * kLanes> filtered;
-};
-
-class FilteredSource : public FloatSource {
- public:
-  FilteredSource(const EffectFrames& frameRange, const BlockFilter& blockFilter)
-      : range(frameRange), filter(blockFilter) {}
-
-  bool Prepare(ClipEditor& editor) {
+  bool Prepare() {
+    sound = FilteredSound::Make(editor, range, filter);
+    if (!sound) {
+      return false;
+    }
+    const auto kept =
+        static_cast<std::int64_t>(editor.LargestStore() / sizeof(float) / range.format.nChannels);
+    const std::int64_t computedTwice = std::max<std::int64_t>(range.count - kept, 0);
+    keptFrom = std::min((computedTwice + kFilteredAPart - 1) / kFilteredAPart * kFilteredAPart, range.count);
     for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
-      std::optional<MemoryBlock> block = editor.Allocate(
-          static_cast<std::uint64_t>(std::min(kFramesAtOnce, range.count) + 2 * kOverlap) * sizeof(float));
-      if (!block) {
+      if (!Allocate(std::min(keptFrom, kFilteredAPart), passing.at(channel)) ||
+          !Allocate(range.count - keptFrom, keeping.at(channel))) {
         return false;
       }
-      inputs.at(channel) = std::move(*block);
     }
     return true;
   }
 
-  void Continue(std::span<const std::byte> frames, std::int64_t first, const ChannelFloats& out,
-                WorkTeam& team) override {
-    const auto count = static_cast<std::int64_t>(out[0].size());
-    team.ShareOut(range.format.nChannels, [&](std::int64_t channel) {
-      TakeInput(frames, first, count, static_cast<std::size_t>(channel));
-    });
-    const std::int64_t pieces = (count + kPiece - 1) / kPiece;
-    team.ShareOut(pieces * range.format.nChannels, [&](std::int64_t index) {
-      const auto channel = static_cast<std::size_t>(index / pieces);
-      const std::int64_t start = first + index % pieces * kPiece;
-      Piece piece;
-      piece.start = start;
-      piece.end = std::min(start + kPiece, first + count);
-      piece.inputStart = first - kOverlap;
-      piece.input = AsFloats(inputs.at(channel));
-      piece.out = out.at(channel).subspan(static_cast<std::size_t>(start - first));
-      FilterPiece(piece);
-    });
-  }
-
- private:
-  // The input holds half a block from before `first`, kept from the time before: the sound there may have
-  // been rewritten.
-  void TakeInput(std::span<const std::byte> frames, std::int64_t first, std::int64_t count,
-                 std::size_t channel) {
-    const std::span<float> input = AsFloats(inputs.at(channel));
-    if (first > 0) {
-      std::copy_n(input.begin() + kFramesAtOnce, kOverlap, input.begin());
+  bool Allocate(std::int64_t frames, MemoryBlock& block) {
+    std::optional<MemoryBlock> allocated =
+        editor.Allocate(static_cast<std::uint64_t>(frames) * sizeof(float));
+    if (allocated) {
+      block = std::move(*allocated);
     }
-    const std::int64_t taken = std::min(count + kOverlap, range.count - first);
-    SamplesToFloat(range.format, frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format)),
-                   input.subspan(static_cast<std::size_t>(kOverlap)), taken, range.Selector(channel));
+    return allocated.has_value();
   }
 
-  // Not with 8 bits, where a trace below 0 makes another sample than 0 itself.
-  bool InPairs() const { return filter.Mode() == FilterMode::Preset && range.format.wBitsPerSample != 8; }
-  bool IsCovered(std::int64_t start) const { return start < range.count - kBlock; }
+  ChannelFloats Floats(std::int64_t first) {
+    const auto count = static_cast<std::size_t>(std::min(kFilteredAPart, range.count - first));
+    ChannelFloats floats;
+    for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+      floats.at(channel) =
+          first < keptFrom
+              ? AsFloats(passing.at(channel)).first(count)
+              : AsFloats(keeping.at(channel)).subspan(static_cast<std::size_t>(first - keptFrom), count);
+    }
+    return floats;
+  }
 
-  void FilterPiece(const Piece& piece) const {
-    BlockQueue queue(filter, piece, InPairs(), false);
-    for (std::int64_t start = piece.start; start < piece.end; start += kBlock) {
-      if (IsCovered(start)) {
-        queue.Add(start);
-      } else {
-        queue.Put(start, piece.At(start));
+  bool Tell(std::int64_t frames, std::uint64_t before) {
+    const auto done = static_cast<std::uint64_t>(std::min(frames, range.count)) * FrameSize(range.format);
+    return editor.Proceed(before + done, 2 * size);
+  }
+
+  bool FindPeaks() {
+    const auto frames = editor.Clip().Bytes().subspan(static_cast<std::size_t>(range.bytes.start), size);
+    for (std::int64_t first = 0; first < range.count; first += kFilteredAPart) {
+      const ChannelFloats floats = Floats(first);
+      sound->Continue(frames, first, floats, team);
+      team.ShareOut(range.format.nChannels, [&](std::int64_t index) {
+        const auto channel = static_cast<std::size_t>(index);
+        peaks.at(channel) = std::max(peaks.at(channel), LargestMagnitude(floats.at(channel)));
+      });
+      if (!Tell(first + kFilteredAPart, 0)) {
+        return false;
       }
     }
-    queue.Flush();
-    if (filter.Mode() == FilterMode::Preset) {
-      AddSecondPass(piece);
-    }
+    return true;
   }
 
-  void AddSecondPass(const Piece& piece) const {
-    BlockQueue queue(filter, piece, InPairs(), true);
-    for (std::int64_t start = std::max(piece.start - kOverlap, kOverlap); start < piece.end;
-         start += kBlock) {
-      if (IsCovered(start)) {
-        queue.Add(start);
-      } else {
-        queue.Put(start, piece.At(start));
+  bool Write(std::span<std::byte> frames) {
+    for (std::int64_t first = 0; first < range.count; first += kFilteredAPart) {
+      const ChannelFloats floats = Floats(first);
+      if (first < keptFrom) {
+        sound->Continue(frames, first, floats, team);
+      }
+      Store(frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format)), floats);
+      if (!Tell(first + kFilteredAPart, size)) {
+        return false;
       }
     }
-    queue.Flush();
+    return true;
   }
 
-  const EffectFrames& range;
-  const BlockFilter& filter;
-  std::array<MemoryBlock, kMostChannels> inputs;
+  void Store(std::span<std::byte> frames, const ChannelFloats& floats) {
+    const auto count = static_cast<std::int64_t>(floats[0].size());
+    team.ShareOut((count + kStoredAtOnce - 1) / kStoredAtOnce, [&](std::int64_t piece) {
+      const std::int64_t first = piece * kStoredAtOnce;
+      const std::int64_t length = std::min(kStoredAtOnce, count - first);
+      const auto stored = frames.subspan(static_cast<std::size_t>(first) * FrameSize(range.format));
+      for (std::size_t channel = 0; channel < range.format.nChannels; ++channel) {
+        const auto values =
+            floats.at(channel).subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(length));
+        DivideIfAboveUnity(values, peaks.at(channel));
+        FloatToSamples(range.format, stored, values, length, range.Selector(channel));
+      }
+    });
+  }
+
+  ClipEditor& editor;
+  const EffectFrames range;
+  const BlockFilter filter;
+  std::optional<FilteredSound> sound;
+  std::uint64_t size;
+  std::int64_t keptFrom = 0;  // frames before are computed twice, those from here on are kept
+  std::array<MemoryBlock, kMostChannels> passing;
+  std::array<MemoryBlock, kMostChannels> keeping;
+  std::array<float, kMostChannels> peaks{};
+  WorkTeam team;
 };
-
-EditResult RunFilter(ClipEditor& editor, const ByteRange& selection, FilterMode mode, int preset) {
-  const EffectFrames range = EffectFrames::Of(selection, editor.Clip());
-  const BlockFilter filter(mode, range.format.nSamplesPerSec, BuildPresetTable(preset));
-  FilteredSource source(range, filter);
-  return source.Prepare(editor) ? RewriteLimited(editor, range, source) : RefusalOf(editor);
-}
 
 }  // namespace
 
 EditStep FilterEdit(const ByteRange& selection, int preset) {
   EditStep step = InPlaceStep([selection, preset](ClipEditor& editor) {
-    return RunFilter(editor, selection, FilterMode::Preset, preset);
+    return FilterRun(editor, selection, FilterMode::Preset, preset).Run();
   });
   step.check = [preset](const AudioClip&) {
     const bool exists = preset >= 0 && preset < static_cast<int>(kFilterPresetCount);
@@ -204,13 +159,15 @@ EditStep FilterEdit(const ByteRange& selection, int preset) {
 }
 
 EditStep CleanSpectrumEdit(const ByteRange& selection) {
-  return InPlaceStep(
-      [selection](ClipEditor& editor) { return RunFilter(editor, selection, FilterMode::CleanSpectrum, 0); });
+  return InPlaceStep([selection](ClipEditor& editor) {
+    return FilterRun(editor, selection, FilterMode::CleanSpectrum, 0).Run();
+  });
 }
 
 EditStep CutRumbleEdit(const ByteRange& selection) {
-  return InPlaceStep(
-      [selection](ClipEditor& editor) { return RunFilter(editor, selection, FilterMode::CutRumble, 0); });
+  return InPlaceStep([selection](ClipEditor& editor) {
+    return FilterRun(editor, selection, FilterMode::CutRumble, 0).Run();
+  });
 }
 
 }  // namespace tembrel

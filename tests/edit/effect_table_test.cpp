@@ -3,7 +3,7 @@
 #include <set>
 
 #include "edit/EffectTable.h"
-#include "edit/LimitedRewrite.h"
+#include "edit/FilteredSound.h"
 #include "tests/support/EffectSession.h"
 
 namespace tembrel {
@@ -151,7 +151,7 @@ struct Prepared {
 // Cancelled the first time they ask, in the middle, or at the very end.
 TEST(Effects, CancelledLeaveClipAndHistoryAsTheyWere) {
   test::Dice dice(33);
-  const Bytes bytes = test::SoundBytes(kStereo16, 2 * kFramesAtOnce + 100, test::Sound::Noise, dice);
+  const Bytes bytes = test::SoundBytes(kStereo16, 2 * kFilteredAPart + 100, test::Sound::Noise, dice);
   const auto size = static_cast<std::int64_t>(bytes.size());
   for (const EffectRow& row : EffectTable()) {
     int calls = 0;

@@ -4,7 +4,7 @@
 
 #include "edit/BlockFilter.h"
 #include "edit/FilterEffect.h"
-#include "edit/LimitedRewrite.h"
+#include "edit/FilteredSound.h"
 #include "tests/support/EffectSession.h"
 
 namespace tembrel {
@@ -233,7 +233,7 @@ TEST(Filter, CoversTheEndsOfShortSoundAsTheLiteralForm) {
 TEST(Filter, IsTheLiteralFormOnSoundThatIsComputedInParts) {
   test::Dice dice(13);
   const WaveFormat format = PcmFormat(22050, 16, 2);
-  const std::int64_t frames = kFramesAtOnce + 5000;
+  const std::int64_t frames = kFilteredAPart + 5000;
   const Bytes bytes = test::SoundBytes(format, frames, test::Sound::Noise, dice);
   test::LiteralClip clip{format, bytes};
   test::LiteralEffects(clip).Filter(0, static_cast<std::int64_t>(bytes.size()), 6);
@@ -273,7 +273,7 @@ TEST(Filter, IsTheLiteralFormWhereQuietMeetsLoud) {
 TEST(Filter, IsTheSameHoweverMuchIsKept) {
   test::Dice dice(14);
   for (const WaveFormat& format : test::kLayouts) {
-    const Bytes bytes = test::SoundBytes(format, kFramesAtOnce + 5000, test::Sound::FullScale, dice);
+    const Bytes bytes = test::SoundBytes(format, kFilteredAPart + 5000, test::Sound::FullScale, dice);
     for (const EditStep& step : {FilterEdit(All(bytes), 4), CutRumbleEdit(All(bytes))}) {
       EXPECT_EQ(test::AfterKeepingNothing(format, bytes, step), After(format, bytes, step));
     }
