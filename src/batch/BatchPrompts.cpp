@@ -46,8 +46,4 @@ std::unique_ptr<ProgressDisplay> BatchPrompts::ShowProgress(const std::string& t
   return std::make_unique<LineDisplay>(output, text, clock);
 }
 
-Progress ProgressOf(ProgressDisplay& display) {
-  return [&display](std::uint64_t done, std::uint64_t total) { return display.Report(done, total); };
-}
-
 }  // namespace tembrel

@@ -7,7 +7,6 @@
 #include <ostream>
 #include <utility>
 
-#include "audio/Progress.h"
 #include "document/Prompts.h"
 
 namespace tembrel {
@@ -53,8 +52,5 @@ class BatchPrompts final : public Prompts {
   ProgressClock clock;
   std::string message;
 };
-
-// A display's report as the progress function of reading, writing and editing. The display outlives it.
-Progress ProgressOf(ProgressDisplay& display);
 
 }  // namespace tembrel

@@ -306,13 +306,11 @@ DeviceError Transport::SaveTo(const std::filesystem::path& target) {
   const std::unique_ptr<ProgressDisplay> display =
       prompts.ShowProgress("Saving " + target.filename().string());
   display->ForbidCancel();
-  return device.SaveRecording(
-      target, [&display](std::uint64_t done, std::uint64_t total) { display->Report(done, total); });
+  return device.SaveRecording(target, ProgressOf(*display));
 }
 
 bool Transport::SaveRecording(const std::filesystem::path& path) {
-  std::error_code ignored;
-  if (std::filesystem::exists(path, ignored) && !prompts.AskYesNo(path.string() + " exists. Overwrite?")) {
+  if (!MayWrite(path, prompts)) {
     device.CloseRecording();
     return false;
   }

@@ -40,8 +40,7 @@ std::optional<std::filesystem::path> SaveExport(Prompts& prompts, const ExportKi
   if (!HasEnding(path.string(), kind.ending)) {
     path += kind.ending;
   }
-  std::error_code error;
-  if (std::filesystem::exists(path, error) && !prompts.AskYesNo(path.string() + " exists. Overwrite?")) {
+  if (!MayWrite(path, prompts)) {
     return std::nullopt;
   }
   const ReplaceResult result = WriteWholeFile(path, content);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "audio/FormatChoice.h"
+#include "audio/Progress.h"
 #include "document/FileFilter.h"
 
 namespace tembrel {
@@ -32,6 +33,9 @@ class ProgressDisplay {
   // From here on the task cannot be cancelled any more.
   virtual void ForbidCancel() {}
 };
+
+// The display's report as the progress function of reading, writing and editing. The display outlives it.
+Progress ProgressOf(ProgressDisplay& display);
 
 // Plays what a preset makes of the sound in question; empty when nothing can be heard.
 using PresetAudition = std::function<void(int preset)>;
@@ -61,7 +65,11 @@ class Prompts {
   // The index of an equaliser preset. `audition` lets the user hear the presets before one is chosen.
   virtual std::optional<int> AskFilter(int preset, const PresetAudition& audition) = 0;
   virtual std::optional<FormatChoice> AskFormat(const FormatChoice& format) = 0;
+  // Never null.
   virtual std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) = 0;
 };
+
+// True when nothing stands at the path, or the user lets it be overwritten.
+bool MayWrite(const std::filesystem::path& path, Prompts& prompts);
 
 }  // namespace tembrel

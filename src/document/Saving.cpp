@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string>
-#include <system_error>
 
 #include "audio/WaveWriter.h"
 #include "document/FileKind.h"
@@ -18,9 +17,7 @@ WriteResult WriteWithProgress(const AudioClip& clip, const std::filesystem::path
   const std::unique_ptr<ProgressDisplay> display = prompts.ShowProgress("Saving " + path.filename().string());
   const WaveFormat& format = clip.format;
   return SaveWaveFile(clip.Bytes(), format.nSamplesPerSec, format.wBitsPerSample, format.nChannels, path,
-                      [&display](std::uint64_t done, std::uint64_t total) {
-                        return !display || display->Report(done, total);
-                      });
+                      ProgressOf(*display));
 }
 
 }  // namespace
@@ -80,11 +77,7 @@ std::optional<std::filesystem::path> SaveDocumentAs(Document& document, Prompts&
     return std::nullopt;
   }
   const std::filesystem::path path = SaveAsPath(choice->path, choice->filter);
-  std::error_code error;
-  if (std::filesystem::exists(path, error) && !prompts.AskYesNo(path.string() + " exists. Overwrite?")) {
-    return std::nullopt;
-  }
-  if (!SaveDocumentTo(path, document, prompts)) {
+  if (!MayWrite(path, prompts) || !SaveDocumentTo(path, document, prompts)) {
     return std::nullopt;
   }
   if (document.FileName().empty()) {

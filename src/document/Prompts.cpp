@@ -1,0 +1,16 @@
+#include "document/Prompts.h"
+
+#include <system_error>
+
+namespace tembrel {
+
+Progress ProgressOf(ProgressDisplay& display) {
+  return [&display](std::uint64_t done, std::uint64_t total) { return display.Report(done, total); };
+}
+
+bool MayWrite(const std::filesystem::path& path, Prompts& prompts) {
+  std::error_code ignored;
+  return !std::filesystem::exists(path, ignored) || prompts.AskYesNo(path.string() + " exists. Overwrite?");
+}
+
+}  // namespace tembrel
