@@ -21,8 +21,12 @@ std::string ProgramFolder(const std::string& executablePath) {
       .substr(0, kLongestProgramFolder);
 }
 
+std::string TempWaveName(long long number) {
+  return "temp" + std::to_string(number) + ".wav";
+}
+
 std::filesystem::path ProgramPaths::TempWavePath(long long number) const {
-  return tempFolder / ("temp" + std::to_string(number) + ".wav");
+  return tempFolder / TempWaveName(number);
 }
 
 ProgramPaths PathsBelow(const std::filesystem::path& programFolder) {

@@ -10,6 +10,9 @@ namespace tembrel {
 // most 150 characters of that; empty when the path is shorter. Characters are bytes; no separator at the end.
 std::string ProgramFolder(const std::string& executablePath);
 
+// "temp<number>.wav", the name of a temporary sound.
+std::string TempWaveName(long long number);
+
 struct ProgramPaths {
   std::filesystem::path programFolder;
   std::filesystem::path settingsFile;    // TEMBREL.INI

@@ -8,7 +8,6 @@ namespace tembrel {
 
 namespace {
 
-constexpr std::size_t kMostCharacters = 200;
 constexpr std::string_view kReason = "%s";
 
 struct ErrorRow {
@@ -33,15 +32,6 @@ constexpr std::array kTexts{
         "The recording could not be saved: %s. It will be offered for recovery when Tembrel starts again."},
 };
 
-// Cuts between characters, not within one.
-void CutTo(std::string& text, std::size_t characters) {
-  std::size_t end = std::min(text.size(), characters);
-  while (end < text.size() && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
-    --end;
-  }
-  text.resize(end);
-}
-
 }  // namespace
 
 DeviceError ErrorOfFault(SoundFault fault) {
@@ -58,6 +48,14 @@ DeviceError ErrorOfFault(SoundFault fault) {
   return kServerRefused;
 }
 
+void CutText(std::string& text, std::size_t bytes) {
+  std::size_t end = std::min(text.size(), bytes);
+  while (end < text.size() && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
+    --end;
+  }
+  text.resize(end);
+}
+
 std::string DeviceErrorText(DeviceError error, const std::string& reason) {
   if (error == kDeviceSuccess) {
     return {};
@@ -66,7 +64,7 @@ std::string DeviceErrorText(DeviceError error, const std::string& reason) {
   std::string text(row == kTexts.end() ? "The sound device has failed." : row->text);
   if (const std::size_t place = text.find(kReason); place != std::string::npos) {
     std::string shown = reason.empty() ? "the reason is not known" : reason;
-    CutTo(shown, kMostCharacters + kReason.size() - text.size());
+    CutText(shown, kLongestErrorText + kReason.size() - text.size());
     text.replace(place, kReason.size(), shown);
   }
   return text;

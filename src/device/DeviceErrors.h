@@ -1,6 +1,7 @@
 // What can go wrong with the sound device, in numbers and in words.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "device/AudioDevice.h"
@@ -23,7 +24,12 @@ enum DeviceErrors : DeviceError {
 
 DeviceError ErrorOfFault(SoundFault fault);
 
-// The text of the error with the reason in its place, at most 200 characters; empty for success.
+// The longest text of an error, in bytes.
+inline constexpr std::size_t kLongestErrorText = 200;
+// Leaves at most this many bytes of a text, and no half of a character at the end.
+void CutText(std::string& text, std::size_t bytes);
+
+// The text of the error with the reason in its place, no longer than that; empty for success.
 std::string DeviceErrorText(DeviceError error, const std::string& reason);
 
 }  // namespace tembrel

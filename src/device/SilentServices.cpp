@@ -1,10 +1,10 @@
 #include "device/SilentServices.h"
 
+#include "device/DeviceErrors.h"
+
 namespace tembrel {
 
 namespace {
-
-constexpr DeviceError kNoServer = 1;
 
 // No sound goes in or out.
 class SilentDevice : public AudioDevice {
@@ -15,14 +15,14 @@ class SilentDevice : public AudioDevice {
   DeviceError ClosePlayback() override { return kDeviceSuccess; }
   DeviceError OpenRecording() override { return kDeviceSuccess; }
   DeviceError SetRecordingFormat(const PlaybackFormat&) override { return kDeviceSuccess; }
-  DeviceError Record() override { return kNoServer; }
+  DeviceError Record() override { return kServerAbsent; }
   DeviceError StopRecording() override { return kDeviceSuccess; }
-  DeviceError SaveRecording(const std::filesystem::path&, const MoveProgress&) override { return kNoServer; }
+  DeviceError SaveRecording(const std::filesystem::path&, const MoveProgress&) override {
+    return kServerAbsent;
+  }
   DeviceError CloseRecording() override { return kDeviceSuccess; }
   RecordingState AskRecording() override { return {}; }
-  std::string ErrorText(DeviceError error) const override {
-    return error == kDeviceSuccess ? std::string() : "The sound server could not be reached.";
-  }
+  std::string ErrorText(DeviceError error) const override { return DeviceErrorText(error, {}); }
 };
 
 class SilentPlayer : public SoundPlayer {

@@ -5,9 +5,9 @@
 #include <system_error>
 #include <utility>
 
-#include "audio/ProgramPaths.h"
 #include "audio/WaveWriter.h"
 #include "document/TempCopy.h"
+#include "document/TempName.h"
 #include "platform/ReplaceFile.h"
 
 namespace tembrel {
@@ -15,8 +15,6 @@ namespace tembrel {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int kNamesTried = 1000;
 
 std::string Words(std::errc error) {
   return std::make_error_code(error).message();
@@ -26,31 +24,22 @@ std::string Words(std::errc error) {
 
 std::optional<TakeFile> TakeFile::Create(const fs::path& tempFolder, const PlaybackFormat& soundFormat,
                                          std::string& reason) {
-  ProgramPaths paths;
-  paths.tempFolder = tempFolder;
   std::error_code error;
   if (!fs::is_directory(tempFolder, error)) {
     reason = Words(std::errc::no_such_file_or_directory);
     return std::nullopt;
   }
-  for (int number = 1; number <= kNamesTried; ++number) {
-    const fs::path path = paths.TempWavePath(number);
-    if (fs::exists(fs::symlink_status(path, error))) {
-      continue;
-    }
-    std::optional<FileLock> lock = FileLock::TryLock(path);
-    if (!lock) {
-      continue;
-    }
-    std::optional<OutputFile> output = OutputFile::Create(path, reason);
-    if (output && WriteWaveTo(*output, {}, soundFormat.rate, soundFormat.bits, soundFormat.channels).ok) {
-      return TakeFile(path, std::move(*lock), std::move(*output), soundFormat);
-    }
-    fs::remove(path, error);
-    reason = reason.empty() ? Words(std::errc::no_space_on_device) : reason;
+  std::optional<TempName> name = TakeTempName(tempFolder, 1);
+  if (!name) {
+    reason = Words(std::errc::permission_denied);
     return std::nullopt;
   }
-  reason = Words(std::errc::permission_denied);
+  std::optional<OutputFile> output = OutputFile::Create(name->path, reason);
+  if (output && WriteWaveTo(*output, {}, soundFormat.rate, soundFormat.bits, soundFormat.channels).ok) {
+    return TakeFile(std::move(name->path), std::move(name->lock), std::move(*output), soundFormat);
+  }
+  fs::remove(name->path, error);
+  reason = reason.empty() ? Words(std::errc::no_space_on_device) : reason;
   return std::nullopt;
 }
 

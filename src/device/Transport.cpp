@@ -334,15 +334,8 @@ bool Transport::SaveRecording(const std::filesystem::path& path) {
 }
 
 void Transport::SayDeviceError(DeviceError error) {
-  constexpr std::size_t kLongestText = 200;
   std::string text = device.ErrorText(error);
-  if (text.size() > kLongestText) {
-    std::size_t end = kLongestText;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
-      --end;  // no half letter at the end
-    }
-    text.resize(end);
-  }
+  CutText(text, kLongestErrorText);
   prompts.Error(text);
 }
 

@@ -7,14 +7,13 @@
 
 #include "audio/WaveWriter.h"
 #include "document/CopyPatch.h"
+#include "document/TempName.h"
 #include "platform/OutputFile.h"
 #include "platform/ReplaceFile.h"
 
 namespace tembrel {
 
 namespace {
-
-constexpr int kNamesTried = 1000;
 
 bool WriteChanges(OutputFile& file, const AudioClip& clip, const ClipChanges& changes, std::uint32_t oldSize,
                   const Progress& progress, std::string& reason) {
@@ -68,18 +67,8 @@ std::optional<TempCopy> TempCopy::Create(const ProgramPaths& paths, long long nu
   if (paths.tempFolder.empty()) {
     return std::nullopt;
   }
-  for (int i = 0; i < kNamesTried; ++i) {
-    const std::filesystem::path path = paths.TempWavePath(number + i);
-    std::error_code error;
-    if (std::filesystem::exists(path, error) || error) {
-      continue;
-    }
-    std::optional<FileLock> lock = FileLock::TryLock(path);
-    if (lock) {
-      return TempCopy(path, std::move(*lock));
-    }
-  }
-  return std::nullopt;
+  std::optional<TempName> name = TakeTempName(paths.tempFolder, number);
+  return name ? std::optional(TempCopy(std::move(name->path), std::move(name->lock))) : std::nullopt;
 }
 
 TempCopy::TempCopy(std::filesystem::path wavePath, FileLock fileLock)

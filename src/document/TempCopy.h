@@ -17,8 +17,8 @@ namespace tembrel {
 
 class TempCopy {
  public:
-  // Takes the first free name "temp<number>.wav" from `number` upward and locks it, so that another running
-  // program leaves it alone. Nothing when the folder takes no file, or when the paths name none.
+  // Under the first free name from `number` upward (TakeTempName). Nothing when the folder takes no file, or
+  // when the paths name none.
   static std::optional<TempCopy> Create(const ProgramPaths& paths, long long number);
 
   TempCopy(TempCopy&& other) noexcept;

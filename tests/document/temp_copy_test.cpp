@@ -3,8 +3,10 @@
 #include <sys/stat.h>
 
 #include "document/TempCopy.h"
+#include "document/TempName.h"
 #include "platform/FileLock.h"
 #include "tests/document/EditFixture.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace tembrel {
 namespace {
@@ -37,6 +39,20 @@ class TempCopyUpdate : public test::EditTest {
   AudioClip clip = test::ClipOf(kMono8, test::CountingBytes(100));
   std::optional<TempCopy> copy = TempCopy::Create(paths, 1);
 };
+
+TEST(TempNames, AreTheFirstThatNothingHas) {
+  const test::ScratchFolder folder;
+  std::filesystem::create_directory(folder / "temp3.wav");
+  std::filesystem::create_symlink("nowhere", folder / "temp4.wav");
+  const std::optional<TempName> second = TakeTempName(folder.Path(), 2);
+  const std::optional<TempName> next = TakeTempName(folder.Path(), 2);
+  ASSERT_TRUE(second && next);
+  EXPECT_EQ(second->path, folder / "temp2.wav");
+  EXPECT_EQ(next->path, folder / "temp5.wav");
+  EXPECT_FALSE(FileLock::TryLock(next->path));
+  EXPECT_FALSE(std::filesystem::exists(folder / "nowhere"));
+  EXPECT_FALSE(TakeTempName(folder / "nowhere", 1));
+}
 
 TEST_F(TempCopyUpdate, WritesOnlyTheChangedBytes) {
   clip.Bytes()[10] = std::byte{200};
