@@ -9,8 +9,6 @@ namespace tembrel {
 
 namespace {
 
-constexpr int kSilence8 = 128;
-
 bool IsSampleSize(std::uint32_t bytesPerSample) {
   return bytesPerSample == 1 || bytesPerSample == 2;
 }

@@ -10,8 +10,6 @@ namespace tembrel {
 
 namespace {
 
-constexpr int kSilence8 = 128;
-
 // A block of interleaved frames as the loops below see it.
 struct Shape {
   std::uint64_t frames = 0;  // of the result that is made by steps or means; the rest is copied

@@ -7,6 +7,9 @@
 
 namespace tembrel {
 
+// The 8-bit sample that is silence.
+inline constexpr int kSilence8 = 128;
+
 // The signed 16-bit sample at `index` (in samples, not bytes) of a block.
 inline int Sample16(const std::byte* block, std::uint64_t index) {
   const auto low = std::to_integer<unsigned>(block[2 * index]);
@@ -20,7 +23,7 @@ inline void StoreSample16(std::byte* block, std::uint64_t index, std::int64_t va
   block[2 * index + 1] = static_cast<std::byte>(value >> 8 & 0xFF);
 }
 
-// The unsigned 8-bit sample at `index`: 0 to 255, 128 is silence.
+// The unsigned 8-bit sample at `index`: 0 to 255.
 inline int Sample8(const std::byte* block, std::uint64_t index) {
   return std::to_integer<int>(block[index]);
 }

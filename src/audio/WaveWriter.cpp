@@ -17,6 +17,9 @@ namespace tembrel {
 namespace {
 
 constexpr std::uint64_t kBytesBesideData = 36;  // of those that the RIFF size counts
+static_assert(kMostWaveBytes % 2 == 0 &&
+              kMostWaveBytes + 2 > std::numeric_limits<std::uint32_t>::max() - kBytesBesideData &&
+              kMostWaveBytes <= std::numeric_limits<std::uint32_t>::max() - kBytesBesideData);
 constexpr std::uint32_t kRecordSize = 16;
 constexpr const char* kTooLarge = "File too large: a WAVE file holds at most 4 GB";
 
@@ -55,8 +58,7 @@ constexpr std::uint64_t kDataSizeOffset = 40;
 }  // namespace
 
 bool FitsInWaveFile(std::uint64_t dataBytes) {
-  constexpr std::uint64_t kMostCounted = std::numeric_limits<std::uint32_t>::max();
-  return dataBytes <= kMostCounted && kBytesBesideData + dataBytes + dataBytes % 2 <= kMostCounted;
+  return dataBytes <= kMostWaveBytes;
 }
 
 bool WriteWaveSizes(ByteOutput& output, std::uint32_t dataBytes, std::string& reason) {

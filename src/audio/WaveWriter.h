@@ -18,8 +18,10 @@ struct WriteResult {
   std::string reason;      // of a failure: the system's words
 };
 
-// The sizes in a WAVE file have 32 bits: true when this many bytes of data, and the headers and pad byte,
-// fit.
+// The most bytes of sound that a WAVE file can hold: the sizes in it have 32 bits, and count the headers and
+// the pad byte of an odd number.
+inline constexpr std::uint64_t kMostWaveBytes = 4294967258U;
+
 bool FitsInWaveFile(std::uint64_t dataBytes);
 
 // The file's bytes into any output.

@@ -13,14 +13,15 @@
 #include <thread>
 #include <vector>
 
+#include "audio/WaveWriter.h"
 #include "device/AudioDevice.h"
 #include "device/LevelMeter.h"
 #include "device/TakeFile.h"
 
 namespace tembrel {
 
-// Most bytes of sound that a WAVE file can hold, a multiple of every frame size.
-inline constexpr std::uint64_t kMostTakeBytes = 0xFFFFFFF0 - 40;
+// The most bytes of sound in a recording: a multiple of every frame's size.
+inline constexpr std::uint64_t kMostTakeBytes = kMostWaveBytes / 4 * 4;
 
 class Take {
  public:

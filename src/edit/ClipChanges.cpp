@@ -4,6 +4,11 @@
 
 namespace tembrel {
 
+ByteRange CutDown(const ByteRange& range, std::int64_t size) {
+  const std::int64_t start = std::clamp<std::int64_t>(range.start, 0, size);
+  return {start, std::clamp<std::int64_t>(range.end, start, size)};
+}
+
 void ClipChanges::AddOverwrite(const ByteRange& range) {
   if (range.start >= range.end) {
     return;

@@ -15,6 +15,9 @@ struct ByteRange {
   bool operator==(const ByteRange&) const = default;
 };
 
+// The range cut down to a clip of `size` bytes: both ends within it, and the end never before the start.
+ByteRange CutDown(const ByteRange& range, std::int64_t size);
+
 class ClipChanges {
  public:
   // Bytes changed in place.

@@ -23,10 +23,8 @@ struct Selection {
 };
 
 Selection WithinClip(const ByteRange& range, const AudioClip& clip) {
-  const std::int64_t size = clip.dataSize;
-  const std::int64_t start = std::clamp<std::int64_t>(range.start, 0, size);
-  const std::int64_t end = std::clamp<std::int64_t>(range.end, start, size);
-  return {static_cast<std::uint64_t>(start), static_cast<std::uint64_t>(end)};
+  const ByteRange within = CutDown(range, clip.dataSize);
+  return {static_cast<std::uint64_t>(within.start), static_cast<std::uint64_t>(within.end)};
 }
 
 std::uint64_t CursorByte(const AudioClip& clip, std::int64_t cursorFrame) {
@@ -56,14 +54,10 @@ std::optional<AudioClip> CutOut(ClipEditor& editor, const Selection& selection) 
   return copy;
 }
 
-EditResult Refusal(const ClipEditor& editor) {
-  return EditResult::Refused(editor.RefusalText());
-}
-
 EditResult Cut(ClipEditor& editor, const Selection& selection, Clipboard& clipboard) {
   std::optional<AudioClip> copy = CutOut(editor, selection);
   if (!copy) {
-    return Refusal(editor);
+    return RefusalOf(editor);
   }
   const bool all = selection.Length() == editor.Clip().dataSize;
   const bool empty = editor.Clip().dataSize == 0;
@@ -71,7 +65,7 @@ EditResult Cut(ClipEditor& editor, const Selection& selection, Clipboard& clipbo
   const std::uint64_t start = selection.start + (all && !empty ? 1 : 0);
   const auto bytes = editor.Splice(start, selection.end - start, empty ? 1 : 0);
   if (!bytes) {
-    return Refusal(editor);
+    return RefusalOf(editor);
   }
   std::ranges::fill(*bytes, std::byte{0});
   clipboard.clip = std::move(*copy);
@@ -81,7 +75,7 @@ EditResult Cut(ClipEditor& editor, const Selection& selection, Clipboard& clipbo
 EditResult CopyToClipboard(ClipEditor& editor, const Selection& selection, Clipboard& clipboard) {
   std::optional<AudioClip> copy = CutOut(editor, selection);
   if (!copy) {
-    return Refusal(editor);
+    return RefusalOf(editor);
   }
   clipboard.clip = std::move(*copy);
   return EditResult::Done();
@@ -110,7 +104,7 @@ EditResult InsertSilence(ClipEditor& editor, const Selection& selection) {
   const auto bytes =
       editor.Splice(silentStart, selection.start + 1 - silentStart, selection.end + 1 - silentStart);
   if (!bytes) {
-    return Refusal(editor);
+    return RefusalOf(editor);
   }
   const auto silent = static_cast<std::size_t>(silentEnd - silentStart);
   std::fill_n(bytes->begin(), silent, silence);
@@ -131,7 +125,7 @@ EditResult PasteInsert(ClipEditor& editor, const AudioClip& pasted, std::uint64_
   const std::uint64_t start = std::min<std::uint64_t>(position, clip.dataSize);
   const auto bytes = editor.Splice(start, inside ? 1 : 0, length + (inside ? 1 : 0));
   if (!bytes) {
-    return Refusal(editor);
+    return RefusalOf(editor);
   }
   // A cursor beyond the end leaves a gap of zeros and loses as much of the pasted end.
   const auto gap = static_cast<std::size_t>(std::min(position - start, length));
@@ -150,7 +144,7 @@ EditResult PasteOverwrite(ClipEditor& editor, const AudioClip& pasted, std::uint
   const std::uint64_t length = std::min<std::uint64_t>(pasted.dataSize, size - start);
   const auto bytes = editor.Overwrite(start, length);
   if (!bytes) {
-    return Refusal(editor);
+    return RefusalOf(editor);
   }
   std::ranges::copy(pasted.Bytes().first(static_cast<std::size_t>(length)), bytes->begin());
   return EditResult::Done();

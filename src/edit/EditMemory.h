@@ -6,18 +6,16 @@
 #include <functional>
 #include <optional>
 
+#include "audio/WaveWriter.h"
 #include "platform/MemoryBlock.h"
 
 namespace tembrel {
-
-// The most bytes of sound that a WAVE file can hold with its headers and pad byte (FitsInWaveFile).
-inline constexpr std::uint64_t kLargestClip = 4294967258U;
 
 struct EditMemory {
   std::function<std::optional<MemoryBlock>(std::size_t size)> allocate = MemoryBlock::Allocate;
   std::function<bool(MemoryBlock& block, std::size_t newSize)> resize =
       [](MemoryBlock& block, std::size_t newSize) { return block.Resize(newSize); };
-  std::uint64_t largestClip = kLargestClip;  // bytes
+  std::uint64_t largestClip = kMostWaveBytes;  // bytes
   // Bytes of intermediate results that an effect may keep to save itself from computing them again.
   std::uint64_t largestStore = std::uint64_t{40} << 20U;
 };

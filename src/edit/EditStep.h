@@ -21,6 +21,11 @@ struct EditResult {
   static EditResult Cancelled() { return {false, {}, false}; }
 };
 
+// What the editor refused last, as the step's result.
+inline EditResult RefusalOf(const ClipEditor& editor) {
+  return EditResult::Refused(editor.RefusalText());
+}
+
 struct EditStep {
   // Refuses before anything is recorded; empty when there is nothing to check.
   std::function<EditResult(const AudioClip& clip)> check;

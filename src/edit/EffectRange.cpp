@@ -31,10 +31,8 @@ void WorkOnStretches(std::span<Byte> piece, std::int64_t offset,
 }
 
 ByteRange Within(const ByteRange& selection, const AudioClip& clip, std::int64_t unit) {
-  const std::int64_t size = clip.dataSize;
-  const std::int64_t start = std::clamp<std::int64_t>(selection.start, 0, size);
-  const std::int64_t end = std::clamp<std::int64_t>(selection.end, start, size);
-  return {start / unit * unit, end / unit * unit};
+  const ByteRange range = CutDown(selection, clip.dataSize);
+  return {range.start / unit * unit, range.end / unit * unit};
 }
 
 template <typename Byte>
@@ -71,10 +69,6 @@ EffectFrames EffectFrames::Of(const ByteRange& selection, const AudioClip& clip)
 
 EditStep InPlaceStep(std::function<EditResult(ClipEditor&)> change) {
   return {.check = {}, .change = std::move(change), .marksChanged = true, .refreshesLengths = false};
-}
-
-EditResult RefusalOf(const ClipEditor& editor) {
-  return EditResult::Refused(editor.RefusalText());
 }
 
 EditResult RewritePieces(

@@ -37,8 +37,6 @@ struct EffectFrames {
 // A step that changes sound in place, for what such steps have in common.
 EditStep InPlaceStep(std::function<EditResult(ClipEditor&)> change);
 
-EditResult RefusalOf(const ClipEditor& editor);
-
 // Rewrites the bytes of `range`, which lies within the clip, on all processors. `rewrite` is given pieces
 // that begin and end with whole frames, and the offset of each from the range's start. `told` of `total`
 // bytes were worked through before.

@@ -17,7 +17,6 @@ namespace tembrel {
 
 namespace {
 
-constexpr int kSilence8 = 128;
 // Bytes of the old format at its new rate that go through all steps at a time. A multiple of every unit that
 // a step looks at, so that pieces join without a seam.
 constexpr std::uint64_t kPiece = std::uint64_t{1} << 14U;
@@ -112,7 +111,7 @@ class Plan {
       size = steps.at(i).SizeAfter(size);
       fits = fits && size <= std::numeric_limits<std::uint32_t>::max();
     }
-    return fits && size <= kLargestClip;
+    return fits && size <= kMostWaveBytes;
   }
 
   // The result of the piece with this number, to its place in `to`.

@@ -3,17 +3,10 @@
 #include <algorithm>
 #include <span>
 
+#include "edit/FloatBlock.h"
 #include "edit/SampleFloat.h"
 
 namespace tembrel {
-
-namespace {
-
-std::span<float> AsFloats(MemoryBlock& block) {
-  return {reinterpret_cast<float*>(block.Data()), block.Size() / sizeof(float)};
-}
-
-}  // namespace
 
 EditResult PasteMerge(ClipEditor& editor, const AudioClip& pasted, std::int64_t cursorFrame) {
   const WaveFormat format = editor.Clip().format;
@@ -28,14 +21,14 @@ EditResult PasteMerge(ClipEditor& editor, const AudioClip& pasted, std::int64_t 
   std::optional<MemoryBlock> ours = editor.Allocate(bufferSize);
   std::optional<MemoryBlock> theirs = editor.Allocate(bufferSize);
   if (!ours || !theirs) {
-    return EditResult::Refused(editor.RefusalText());
+    return RefusalOf(editor);
   }
   // Samples, not frames: in stereo the mix begins at half the cursor's frame.
   const std::int64_t start = cursor * BytesPerSample(format.wBitsPerSample);
   const auto bytes =
       editor.Overwrite(static_cast<std::uint64_t>(start), static_cast<std::uint64_t>(count * frameSize));
   if (!bytes) {
-    return EditResult::Refused(editor.RefusalText());
+    return RefusalOf(editor);
   }
   const std::span<float> sum = AsFloats(*ours);
   const std::span<float> added = AsFloats(*theirs);

@@ -28,7 +28,7 @@ bool EightBits(const WaveFormat& format) {
 // The waveform is drawn over ten elevenths of its height; this undoes that.
 std::int64_t LevelOfRow(const WaveFormat& format, std::int64_t y, std::int64_t height) {
   const std::int64_t range = EightBits(format) ? 256 : 65535;
-  const std::int64_t centre = EightBits(format) ? 128 : 32767;
+  const std::int64_t centre = EightBits(format) ? kSilence8 : 32767;
   return -(y * range / height - centre) * 11 / 10;
 }
 
@@ -43,7 +43,7 @@ std::int64_t FrameUnder(const PencilArea& area, std::int64_t x) {
 std::int64_t SampleLevel(const AudioClip& clip, std::int64_t frame, int channel) {
   const std::int64_t index = frame * clip.format.nChannels + channel;
   const std::byte* const block = clip.data.Data();
-  return EightBits(clip.format) ? Sample8(block, static_cast<std::uint64_t>(index)) - 128
+  return EightBits(clip.format) ? Sample8(block, static_cast<std::uint64_t>(index)) - kSilence8
                                 : Sample16(block, static_cast<std::uint64_t>(index));
 }
 
@@ -105,12 +105,12 @@ EditResult DrawWithPencil(ClipEditor& editor, const PencilArea& area, std::int64
   const auto bytes =
       editor.Overwrite(static_cast<std::uint64_t>(first) * format.nBlockAlign, count * format.nBlockAlign);
   if (!bytes) {
-    return EditResult::Refused(editor.RefusalText());
+    return RefusalOf(editor);
   }
   for (std::uint64_t i = 0; i < count; ++i) {
     const std::uint64_t index = i * format.nChannels + static_cast<std::uint64_t>(level->channel);
     if (EightBits(format)) {
-      StoreSample8(bytes->data(), index, level->value + 128);
+      StoreSample8(bytes->data(), index, level->value + kSilence8);
     } else {
       StoreSample16(bytes->data(), index, level->value);
     }

@@ -10,8 +10,6 @@ namespace tembrel {
 
 namespace {
 
-constexpr int kSilence8 = 128;
-
 struct Stored8 {
   static std::int32_t Load(const std::byte* block, std::uint64_t index) { return Sample8(block, index); }
   static void Store(std::byte* block, std::uint64_t index, std::int32_t value) {

@@ -15,7 +15,6 @@ namespace {
 constexpr float kSteps16 = 32767.0F;
 constexpr float kPerStep8 = 0.0078125F;
 constexpr float kSteps8 = 128.0F;
-constexpr int kCentre8 = 128;
 
 // True when `count` samples of the channel lie within the stored ones and the floats.
 bool Fits(std::uint32_t channel, std::uint64_t storedSamples, std::uint64_t floats, std::int64_t count) {
@@ -39,9 +38,9 @@ std::int32_t Truncated(Real value) {
 std::int32_t TruncatedAboveCentre(float value) {
   constexpr float kSmall = 0x1p-20F;
   if (value < 0 && value > -kSmall) {
-    return Truncated(static_cast<long double>(value) + kCentre8);
+    return Truncated(static_cast<long double>(value) + kSilence8);
   }
-  return Truncated(static_cast<double>(value) + kCentre8);
+  return Truncated(static_cast<double>(value) + kSilence8);
 }
 
 TEMBREL_WIDE_LOOPS
@@ -153,7 +152,7 @@ void UInt8ToFloat(std::span<const std::byte> samples, std::span<float> buffer, s
   const std::uint64_t first = channel == kRightChannel ? 1 : 0;
   const std::uint64_t step = channel == kMonoChannel ? 1 : 2;
   for (std::uint64_t i = 0; i < static_cast<std::uint64_t>(count); ++i) {
-    buffer[i] = static_cast<float>(Sample8(samples.data(), first + i * step) - kCentre8) * kPerStep8;
+    buffer[i] = static_cast<float>(Sample8(samples.data(), first + i * step) - kSilence8) * kPerStep8;
   }
 }
 

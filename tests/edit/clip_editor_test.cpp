@@ -144,8 +144,8 @@ TEST_F(PuttingMuchAside, IsNotStoppedWhenAnEditIsTakenBack) {
 }
 
 TEST(LargestClip, IsWhatAWaveFileHolds) {
-  EXPECT_TRUE(FitsInWaveFile(kLargestClip));
-  EXPECT_FALSE(FitsInWaveFile(kLargestClip + 1));
+  EXPECT_TRUE(FitsInWaveFile(EditMemory().largestClip));
+  EXPECT_FALSE(FitsInWaveFile(EditMemory().largestClip + 1));
 }
 
 TEST(ClipChanges, JoinTouchingRanges) {
