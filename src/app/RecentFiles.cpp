@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/CommandIds.h"
+#include "view/ActionMenu.h"
 
 namespace tembrel {
 
@@ -49,14 +50,8 @@ std::vector<RecentMenuEntry> RecentFiles::MenuEntries() const {
 }
 
 std::string MenuText(std::string_view path) {
-  std::string text;
-  text.reserve(path.size());
-  for (const char c : path) {
-    if (c == '&') {
-      text += '&';
-    }
-    text += IsControl(c) ? ' ' : c;
-  }
+  std::string text = MenuName(path);
+  std::ranges::replace_if(text, IsControl, ' ');
   return text;
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 #include "edit/EffectTable.h"
 
@@ -31,22 +30,13 @@ ActionItem Item(std::string_view text, int id) {
   return {std::string(text), id, IsActionBuilt(id), {}};
 }
 
-// A name is shown letter by letter: its '&' must not mark a key.
-std::string Plain(std::string_view name) {
-  std::string text;
-  for (const char letter : name) {
-    text.append(letter == '&' ? 2 : 1, letter);
-  }
-  return text;
-}
-
 ActionItem PluginMenu(std::span<const std::string> names) {
   ActionItem menu{"&VST Plugins...", 0, true, {}};
   const std::size_t count = std::min(names.size(), std::size_t{kMaxPluginActions});
   menu.popup.reserve(count);
   int id = kActionFirstPlugin;
   for (const std::string& name : names.first(count)) {
-    menu.popup.push_back(Item(Plain(name), id));
+    menu.popup.push_back(Item(MenuName(name), id));
     ++id;
   }
   return menu;
@@ -57,6 +47,14 @@ ActionItem PluginMenu(std::span<const std::string> names) {
 bool IsActionBuilt(int id) {
   return id == kActionCut || id == kActionCopy || id == kActionInsert || id == kActionPlay ||
          FindEffect(id) != nullptr;
+}
+
+std::string MenuName(std::string_view name) {
+  std::string text;
+  for (const char letter : name) {
+    text.append(letter == '&' ? 2 : 1, letter);
+  }
+  return text;
 }
 
 std::vector<ActionItem> ActionMenu(std::span<const std::string> pluginNames) {

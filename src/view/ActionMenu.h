@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tembrel {
@@ -33,6 +34,9 @@ struct ActionItem {
 
 // Whether choosing the entry does something in this version; the others stand in the menu, disabled.
 bool IsActionBuilt(int id);
+
+// A name as the text of a menu's entry, letter by letter: its '&' is doubled, and so marks no key.
+std::string MenuName(std::string_view name);
 
 // The entries in order. The plug-ins' sub-menu is there only when there are names, and holds the first 24.
 std::vector<ActionItem> ActionMenu(std::span<const std::string> pluginNames = {});
