@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "audio/AsciiText.h"
+
 namespace tembrel {
 
 namespace {
@@ -19,12 +21,8 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool SameName(std::string_view a, std::string_view b) {
-  return std::ranges::equal(Trimmed(a), Trimmed(b), [](char x, char y) { return Lower(x) == Lower(y); });
+  return SameInAnyCase(Trimmed(a), Trimmed(b));
 }
 
 // The name in the brackets of a section's line.

@@ -1,10 +1,9 @@
 #include "device/RecordingName.h"
 
-#include <algorithm>
-#include <cctype>
 #include <string>
 #include <string_view>
 
+#include "audio/AsciiText.h"
 #include "document/StringTable.h"
 
 namespace tembrel {
@@ -27,9 +26,7 @@ bool LosesItsExtension(const std::filesystem::path& typed) {
     return false;
   }
   const std::string_view extension = std::string_view(name).substr(dot + 1, kWaveBeginning.size());
-  return !std::ranges::equal(extension, kWaveBeginning, [](char typedLetter, char letter) {
-    return std::tolower(static_cast<unsigned char>(typedLetter)) == letter;
-  });
+  return !SameInAnyCase(extension, kWaveBeginning);
 }
 
 std::filesystem::path RecordingPath(const std::filesystem::path& typed) {

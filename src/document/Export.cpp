@@ -1,21 +1,16 @@
 #include "document/Export.h"
 
-#include <algorithm>
 #include <system_error>
 
+#include "audio/AsciiText.h"
 #include "platform/ReplaceFile.h"
 
 namespace tembrel {
 
 namespace {
 
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool HasEnding(const std::string& name, const std::string& ending) {
-  return name.size() >= ending.size() && std::equal(ending.rbegin(), ending.rend(), name.rbegin(),
-                                                    [](char a, char b) { return Lower(a) == Lower(b); });
+bool HasEnding(std::string_view name, std::string_view ending) {
+  return name.size() >= ending.size() && SameInAnyCase(name.substr(name.size() - ending.size()), ending);
 }
 
 }  // namespace

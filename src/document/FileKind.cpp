@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "audio/AsciiText.h"
+
 namespace tembrel {
 
 namespace {
@@ -23,11 +25,6 @@ constexpr std::array kKinds{
     KindRow{FileKind::Cdr, ".cdr", ".cdr", "CDR"},
 };
 
-// Not tolower: in a Turkish locale a file's kind would depend on the letter i.
-constexpr char LowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 }  // namespace
 
 FileKind FileKindOf(const std::filesystem::path& path) {
@@ -36,9 +33,9 @@ FileKind FileKindOf(const std::filesystem::path& path) {
   if (dot == std::string::npos) {
     return FileKind::Unknown;
   }
-  std::string prefix = name.substr(dot, kComparedCharacters);
-  std::ranges::transform(prefix, prefix.begin(), LowerAscii);
-  const auto* row = std::ranges::find(kKinds, prefix, &KindRow::prefix);
+  const std::string_view prefix = std::string_view(name).substr(dot, kComparedCharacters);
+  const auto* row = std::ranges::find_if(
+      kKinds, [prefix](const KindRow& kind) { return SameInAnyCase(prefix, kind.prefix); });
   return row == kKinds.end() ? FileKind::Unknown : row->kind;
 }
 
