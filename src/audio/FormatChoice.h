@@ -1,4 +1,4 @@
-// The three numbers by which a person chooses a format of sound.
+// The three numbers by which a person chooses a format of sound: of a recording, or for an effect.
 #pragma once
 
 #include <cstdint>

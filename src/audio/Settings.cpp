@@ -39,8 +39,8 @@ int CodeOfRate(std::uint32_t rate) {
   return kDefaultRateCode;
 }
 
-PlaybackFormat LoadPlayback(const ProfileFile& file) {
-  PlaybackFormat playback;
+FormatChoice LoadPlayback(const ProfileFile& file) {
+  FormatChoice playback = kDefaultPlayback;
   playback.rate = RateOfCode(file.ReadInt(kPlayback, "Rate", kDefaultRateCode), playback.rate);
   // Nothing could be played or recorded with other numbers, and some of them would be divided by.
   const int bits = file.ReadInt(kPlayback, "Bits", playback.bits);
@@ -73,7 +73,7 @@ Settings LoadSettings(const std::filesystem::path& settingsFile) {
 }
 
 ReplaceResult SaveSettings(const std::filesystem::path& settingsFile, const Settings& settings) {
-  const PlaybackFormat& playback = settings.playback;
+  const FormatChoice& playback = settings.playback;
   const RecordingSettings& recording = settings.recording;
   const std::vector<ProfileEntry> entries = {
       {kPlayback, "Rate", std::to_string(CodeOfRate(playback.rate))},

@@ -6,18 +6,14 @@
 #include <filesystem>
 #include <string>
 
+#include "audio/FormatChoice.h"
 #include "audio/SettingStore.h"
 #include "platform/ReplaceFile.h"
 
 namespace tembrel {
 
-struct PlaybackFormat {
-  std::uint32_t rate = 44100;  // hertz
-  std::uint16_t bits = 16;     // 8 or 16
-  std::uint16_t channels = 2;  // 1 or 2
-
-  bool operator==(const PlaybackFormat&) const = default;
-};
+// The format of recordings and of new documents, as long as nobody has chosen another.
+inline constexpr FormatChoice kDefaultPlayback{44100, 16, 2};
 
 struct RecordingSettings {
   int mixer = 0;                // index of the mixer device
@@ -31,7 +27,7 @@ struct RecordingSettings {
 };
 
 struct Settings {
-  PlaybackFormat playback;
+  FormatChoice playback = kDefaultPlayback;
   RecordingSettings recording;
 
   bool operator==(const Settings&) const = default;

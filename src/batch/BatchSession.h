@@ -52,7 +52,7 @@ class BatchSession {
   ProgramPaths paths;
   std::ostream& output;
   BatchPrompts prompts;
-  PlaybackFormat playback;
+  FormatChoice playback = kDefaultPlayback;
   std::vector<std::unique_ptr<BatchDocument>> documents;  // in the order of opening; null once closed
   BatchDocument* active = nullptr;
   Clipboard clipboard;

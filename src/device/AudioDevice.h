@@ -41,7 +41,7 @@ class AudioDevice {
 
   // Opens a new recording that has no name yet; SetRecordingFormat() comes before Record().
   virtual DeviceError OpenRecording() = 0;
-  virtual DeviceError SetRecordingFormat(const PlaybackFormat& format) = 0;
+  virtual DeviceError SetRecordingFormat(const FormatChoice& format) = 0;
   // Starts recording from the server's recording source and returns at once.
   virtual DeviceError Record() = 0;
   // What has stopped the recording before, or has kept its end from being taken down, if anything.

@@ -8,7 +8,7 @@
 
 namespace tembrel {
 
-void Measure(std::span<const std::byte> frames, const PlaybackFormat& format, Levels& levels) {
+void Measure(std::span<const std::byte> frames, const FormatChoice& format, Levels& levels) {
   const std::size_t sampleBytes = format.bits / 8U;
   const int fullScale = format.bits == 8 ? 128 : 32768;
   std::array<int, 2> peaks{};

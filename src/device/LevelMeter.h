@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <span>
 
-#include "audio/Settings.h"
+#include "audio/FormatChoice.h"
 
 namespace tembrel {
 
@@ -15,6 +15,6 @@ struct Levels {
 };
 
 // Takes whole frames into account: the levels grow, or stay.
-void Measure(std::span<const std::byte> frames, const PlaybackFormat& format, Levels& levels);
+void Measure(std::span<const std::byte> frames, const FormatChoice& format, Levels& levels);
 
 }  // namespace tembrel

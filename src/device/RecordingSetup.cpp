@@ -48,7 +48,7 @@ RecordingSetup::RecordingSetup(Mixer& machineMixer, const Settings& settings)
       startFormat(settings.playback),
       mixerNumber(settings.recording.mixer),
       showDialog(settings.recording.showDialog),
-      format(SelectionsOf({startFormat.rate, startFormat.bits, startFormat.channels})) {
+      format(SelectionsOf(startFormat)) {
   for (int number = 0; number < mixer.DeviceCount(); ++number) {
     if (std::optional<std::string> name = mixer.DeviceName(number)) {
       mixerNames.push_back(*std::move(name));
@@ -169,8 +169,7 @@ void RecordingSetup::Accept(Settings& settings) {
     stored.savingVolume = Narrow(VolumeAt(SetupLine::Saving, Slider(SetupLine::Saving)));
   }
   stored.showDialog = showDialog;
-  const FormatChoice chosen = ChoiceOf(format, {startFormat.rate, startFormat.bits, startFormat.channels});
-  settings.playback = {chosen.rate, chosen.bits, chosen.channels};
+  settings.playback = ChoiceOf(format, startFormat);
   device.reset();
   waveIn.reset();
 }

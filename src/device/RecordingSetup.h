@@ -81,7 +81,7 @@ class RecordingSetup {
   void ReadSlider(SetupLine which, int line, std::optional<std::int32_t> storedVolume);
 
   Mixer& mixer;
-  PlaybackFormat startFormat;
+  FormatChoice startFormat;
   int mixerNumber;
   bool showDialog;
   FormatSelections format;

@@ -103,7 +103,7 @@ DeviceError ServerAudioDevice::OpenRecording() {
   return kDeviceSuccess;
 }
 
-DeviceError ServerAudioDevice::SetRecordingFormat(const PlaybackFormat& format) {
+DeviceError ServerAudioDevice::SetRecordingFormat(const FormatChoice& format) {
   const bool known = (format.bits == 8 || format.bits == 16) &&
                      (format.channels == 1 || format.channels == 2) && format.rate > 0;
   if (!recordingOpen || take != nullptr || !known) {

@@ -31,7 +31,7 @@ class ServerAudioDevice : public AudioDevice {
   DeviceError ClosePlayback() override;
 
   DeviceError OpenRecording() override;
-  DeviceError SetRecordingFormat(const PlaybackFormat& format) override;
+  DeviceError SetRecordingFormat(const FormatChoice& format) override;
   DeviceError Record() override;
   DeviceError StopRecording() override;
   // A recording that could not be saved is kept by CloseRecording(), to be recovered at the next start.
@@ -57,7 +57,7 @@ class ServerAudioDevice : public AudioDevice {
   std::chrono::steady_clock::time_point playedSince;
 
   bool recordingOpen = false;
-  PlaybackFormat recordingFormat;
+  FormatChoice recordingFormat = kDefaultPlayback;
   std::shared_ptr<Take> take;
   std::unique_ptr<SoundStream> recording;
   bool saveFailed = false;

@@ -14,7 +14,7 @@ class SilentDevice : public AudioDevice {
   DeviceError StopPlayback() override { return kDeviceSuccess; }
   DeviceError ClosePlayback() override { return kDeviceSuccess; }
   DeviceError OpenRecording() override { return kDeviceSuccess; }
-  DeviceError SetRecordingFormat(const PlaybackFormat&) override { return kDeviceSuccess; }
+  DeviceError SetRecordingFormat(const FormatChoice&) override { return kDeviceSuccess; }
   DeviceError Record() override { return kServerAbsent; }
   DeviceError StopRecording() override { return kDeviceSuccess; }
   DeviceError SaveRecording(const std::filesystem::path&, const MoveProgress&) override {

@@ -18,7 +18,7 @@ constexpr std::uint64_t kSettlesPerSecond = 2;
 
 }  // namespace
 
-std::unique_ptr<Take> Take::Begin(const std::filesystem::path& tempFolder, const PlaybackFormat& format,
+std::unique_ptr<Take> Take::Begin(const std::filesystem::path& tempFolder, const FormatChoice& format,
                                   std::string& reason, std::uint64_t mostBytes) {
   std::optional<TakeFile> takeFile = TakeFile::Create(tempFolder, format, reason);
   if (!takeFile) {
@@ -35,7 +35,7 @@ std::unique_ptr<Take> Take::Begin(const std::filesystem::path& tempFolder, const
   return take;
 }
 
-Take::Take(TakeFile takeFile, const PlaybackFormat& soundFormat, std::uint64_t mostBytes)
+Take::Take(TakeFile takeFile, const FormatChoice& soundFormat, std::uint64_t mostBytes)
     : file(std::move(takeFile)), format(soundFormat), most(mostBytes) {}
 
 Take::~Take() {

@@ -26,11 +26,11 @@ inline constexpr std::uint64_t kMostTakeBytes = kMostWaveBytes / 4 * 4;
 class Take {
  public:
   // Null on failure, with the system's words.
-  static std::unique_ptr<Take> Begin(const std::filesystem::path& tempFolder, const PlaybackFormat& format,
+  static std::unique_ptr<Take> Begin(const std::filesystem::path& tempFolder, const FormatChoice& format,
                                      std::string& reason, std::uint64_t mostBytes = kMostTakeBytes);
 
   // For Begin().
-  Take(TakeFile takeFile, const PlaybackFormat& soundFormat, std::uint64_t mostBytes);
+  Take(TakeFile takeFile, const FormatChoice& soundFormat, std::uint64_t mostBytes);
   Take(const Take&) = delete;
   Take& operator=(const Take&) = delete;
   // What was not moved stays in the folder, to be recovered at the next start.
@@ -57,7 +57,7 @@ class Take {
 
   TakeFile file;  // the writer's while it runs
   std::uint64_t unsettled = 0;
-  const PlaybackFormat format;
+  const FormatChoice format;
   const std::uint64_t most;
 
   mutable std::mutex mutex;

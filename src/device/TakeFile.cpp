@@ -22,7 +22,7 @@ std::string Words(std::errc error) {
 
 }  // namespace
 
-std::optional<TakeFile> TakeFile::Create(const fs::path& tempFolder, const PlaybackFormat& soundFormat,
+std::optional<TakeFile> TakeFile::Create(const fs::path& tempFolder, const FormatChoice& soundFormat,
                                          std::string& reason) {
   std::error_code error;
   if (!fs::is_directory(tempFolder, error)) {
@@ -43,7 +43,7 @@ std::optional<TakeFile> TakeFile::Create(const fs::path& tempFolder, const Playb
   return std::nullopt;
 }
 
-TakeFile::TakeFile(fs::path wavePath, FileLock fileLock, OutputFile output, const PlaybackFormat& soundFormat)
+TakeFile::TakeFile(fs::path wavePath, FileLock fileLock, OutputFile output, const FormatChoice& soundFormat)
     : path(std::move(wavePath)), lock(std::move(fileLock)), file(std::move(output)), format(soundFormat) {}
 
 bool TakeFile::Append(std::span<const std::byte> frames, std::string& reason) {

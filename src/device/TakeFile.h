@@ -20,7 +20,7 @@ class TakeFile {
   // Takes the first free name among those of the temporary copies in the folder, and locks it. Nothing on
   // failure, with the system's words.
   static std::optional<TakeFile> Create(const std::filesystem::path& tempFolder,
-                                        const PlaybackFormat& soundFormat, std::string& reason);
+                                        const FormatChoice& soundFormat, std::string& reason);
 
   TakeFile(TakeFile&& other) noexcept = default;
   TakeFile& operator=(TakeFile&& other) = delete;
@@ -40,13 +40,13 @@ class TakeFile {
 
  private:
   TakeFile(std::filesystem::path wavePath, FileLock fileLock, OutputFile output,
-           const PlaybackFormat& soundFormat);
+           const FormatChoice& soundFormat);
   void CutToFrames();
 
   std::filesystem::path path;
   std::optional<FileLock> lock;
   OutputFile file;
-  PlaybackFormat format;
+  FormatChoice format;
   std::uint64_t soundBytes = 0;
   bool noted = false;  // there is a note beside it, without which it would be removed at the next start
 };

@@ -43,7 +43,7 @@ void Document::Clear() {
 }
 
 LoadOutcome Document::LoadFile(const std::filesystem::path& wavePath, const std::string& displayName,
-                               const PlaybackFormat& playback, const Progress& progress) {
+                               const FormatChoice& playback, const Progress& progress) {
   Clear();
   LoadResult loaded =
       LoadClip(wavePath, playback.rate, playback.bits, playback.channels, false, FirstHalf(progress));

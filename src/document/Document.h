@@ -32,7 +32,7 @@ class Document {
   // Replaces the sound by that of the WAVE file `wavePath`, known from now on as `displayName`. On failure
   // the document is empty and Notice() says why; after a cancel it is empty too.
   LoadOutcome LoadFile(const std::filesystem::path& wavePath, const std::string& displayName,
-                       const PlaybackFormat& playback, const Progress& progress = {});
+                       const FormatChoice& playback, const Progress& progress = {});
 
   // Replaces the sound by this one, which is not null. Loaded, or Cancelled with the document empty.
   LoadOutcome TakeSound(std::unique_ptr<AudioClip> sound, const std::string& displayName,

@@ -16,7 +16,7 @@ std::string DoesNotExistText(const std::filesystem::path& path) {
   return path.string() + " does not exist.";
 }
 
-LoadOutcome ImportFile(Document& document, const std::filesystem::path& path, const PlaybackFormat& playback,
+LoadOutcome ImportFile(Document& document, const std::filesystem::path& path, const FormatChoice& playback,
                        const Progress& progress) {
   const FileKind kind = FileKindOf(path);
   if (kind == FileKind::Wave) {

@@ -19,7 +19,7 @@ std::string DoesNotExistText(const std::filesystem::path& path);
 
 // Gets the sound of `path` into the document, by its extension. A kind that the program does not read leaves
 // the document empty with a notice.
-LoadOutcome ImportFile(Document& document, const std::filesystem::path& path, const PlaybackFormat& playback,
+LoadOutcome ImportFile(Document& document, const std::filesystem::path& path, const FormatChoice& playback,
                        const Progress& progress = {});
 
 }  // namespace tembrel

@@ -22,7 +22,7 @@ class SettingsTest : public testing::Test {
 
 TEST_F(SettingsTest, AMissingOrEmptyFileGivesTheDefaults) {
   for (const Settings& settings : {LoadSettings(file), Load("")}) {
-    EXPECT_EQ(settings.playback, (PlaybackFormat{22050, 16, 2}));
+    EXPECT_EQ(settings.playback, (FormatChoice{22050, 16, 2}));
     EXPECT_EQ(settings.recording.mixer, 0);
     EXPECT_EQ(settings.recording.recordingLine, -1);
     EXPECT_EQ(settings.recording.recordingVolume, 32767);
@@ -39,7 +39,7 @@ TEST_F(SettingsTest, RatesAreStoredAsCodes) {
 }
 
 TEST_F(SettingsTest, AnyOtherCodeKeepsTheBuiltInRate) {
-  EXPECT_EQ(PlaybackFormat().rate, 44100U);
+  EXPECT_EQ(Settings().playback.rate, 44100U);
   for (const char* code : {"7", "0", "-1", "4", "fast", "44100"}) {
     EXPECT_EQ(Load(std::string("[Digital Audio Playback]\nRate=") + code + "\n").playback.rate, 44100U)
         << code;
@@ -47,11 +47,11 @@ TEST_F(SettingsTest, AnyOtherCodeKeepsTheBuiltInRate) {
 }
 
 TEST_F(SettingsTest, BitsAndChannelsThatCannotBePlayedKeepTheBuiltInOnes) {
-  EXPECT_EQ(Load("[Digital Audio Playback]\nBits=8\nChannels=1\n").playback, (PlaybackFormat{22050, 8, 1}));
+  EXPECT_EQ(Load("[Digital Audio Playback]\nBits=8\nChannels=1\n").playback, (FormatChoice{22050, 8, 1}));
   for (const char* value : {"0", "-8", "24", "65544", "65537", "x"}) {
     const std::string text =
         std::string("[Digital Audio Playback]\nBits=") + value + "\nChannels=" + value + "\n";
-    EXPECT_EQ(Load(text).playback, (PlaybackFormat{22050, 16, 2})) << value;
+    EXPECT_EQ(Load(text).playback, (FormatChoice{22050, 16, 2})) << value;
   }
 }
 

@@ -26,7 +26,7 @@ FakeMixer ThreeMixers() {
   return mixer;
 }
 
-Settings With(const RecordingSettings& recording, const PlaybackFormat& playback = {}) {
+Settings With(const RecordingSettings& recording, const FormatChoice& playback = kDefaultPlayback) {
   return {playback, recording};
 }
 
@@ -309,7 +309,7 @@ TEST(RecordingSetup, WithoutMixersTheFormatCanStillBeChosen) {
   EXPECT_EQ(setup.SelectedMixer(), std::nullopt);
   EXPECT_EQ(setup.Hint(), "No sound server was found. Only the format can be chosen.");
   setup.ChooseFormat({0, 0, 0});
-  EXPECT_EQ(Accepted(setup, {}).playback, (PlaybackFormat{11025, 8, 1}));
+  EXPECT_EQ(Accepted(setup, {}).playback, (FormatChoice{11025, 8, 1}));
 }
 
 TEST(RecordingSetup, WithoutMixersTheStoredLinesStay) {
@@ -334,7 +334,7 @@ TEST(RecordingSetup, SelectsAndStoresEveryFormat) {
   for (const auto& [rate, rateEntry] : {std::pair{11025U, 0}, std::pair{22050U, 1}, std::pair{44100U, 2}}) {
     for (const std::uint16_t bits : {std::uint16_t{8}, std::uint16_t{16}}) {
       for (const std::uint16_t channels : {std::uint16_t{1}, std::uint16_t{2}}) {
-        const PlaybackFormat playback{rate, bits, channels};
+        const FormatChoice playback{rate, bits, channels};
         RecordingSetup setup(mixer, With({}, playback));
         EXPECT_EQ(setup.Format(), (FormatSelections{rateEntry, bits == 16 ? 1 : 0, channels - 1}));
         setup.ChooseFormat(setup.Format());

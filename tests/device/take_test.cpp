@@ -20,12 +20,12 @@ namespace {
 
 using ::testing::IsEmpty;
 
-constexpr PlaybackFormat kSmall{11025, 8, 1};
+constexpr FormatChoice kSmall{11025, 8, 1};
 constexpr std::size_t kSecond = 11025;
 
 class ATake : public testing::Test {
  protected:
-  std::unique_ptr<Take> Begin(const PlaybackFormat& format = kSmall, std::uint64_t most = kMostTakeBytes) {
+  std::unique_ptr<Take> Begin(const FormatChoice& format = kSmall, std::uint64_t most = kMostTakeBytes) {
     return Take::Begin(temp.Path(), format, reason, most);
   }
   Bytes Sound(const std::filesystem::path& path) {
@@ -129,7 +129,7 @@ TEST_F(ATake, TheLargestSizeFitsInAWaveFile) {
 }
 
 TEST_F(ATake, AFullDiskLeavesWholeFrames) {
-  for (const PlaybackFormat& format : {kSmall, PlaybackFormat{44100, 16, 2}}) {
+  for (const FormatChoice& format : {kSmall, FormatChoice{44100, 16, 2}}) {
     const FileSizeLimit limit(44 + 10'003);
     const std::unique_ptr<Take> take = Begin(format);
     take->Push(CountingBytes(8'000));

@@ -34,7 +34,7 @@ class EditTest : public DocumentTest {
     const std::filesystem::path path = scratch.Path() / "edited.wav";
     WriteWaveFile(bytes, format.nSamplesPerSec, format.wBitsPerSample, format.nChannels, path);
     auto document = std::make_unique<Document>(paths, 7, std::move(memory));
-    EXPECT_EQ(document->LoadFile(path, path.string(), {}), LoadOutcome::Loaded);
+    EXPECT_EQ(document->LoadFile(path, path.string(), kDefaultPlayback), LoadOutcome::Loaded);
     document->SetListener(&listener);
     return document;
   }

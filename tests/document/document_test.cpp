@@ -18,7 +18,7 @@ class DocumentLoading : public test::DocumentTest {};
 TEST_F(DocumentLoading, TakesSoundLengthFormatAndName) {
   const auto path = MakeWave("song.wav", 123);
   Document document(paths, 7);
-  ASSERT_EQ(document.LoadFile(path, "shown.wav", {}), LoadOutcome::Loaded);
+  ASSERT_EQ(document.LoadFile(path, "shown.wav", kDefaultPlayback), LoadOutcome::Loaded);
   ASSERT_NE(document.Clip(), nullptr);
   EXPECT_EQ(document.FrameCount(), 123U);
   EXPECT_TRUE(document.Stereo());
@@ -41,7 +41,7 @@ TEST_F(DocumentLoading, WritesATemporaryCopyNamedByTheWindowAndRemovesIt) {
   const auto path = MakeWave("song.wav");
   {
     Document document(paths, 7);
-    document.LoadFile(path, path, {});
+    document.LoadFile(path, path, kDefaultPlayback);
     EXPECT_TRUE(document.HasTempCopy());
     EXPECT_EQ(document.TempFileName(), paths.tempFolder / "temp7.wav");
     EXPECT_EQ(Content(document.TempFileName()), Content(path));
@@ -53,8 +53,8 @@ TEST_F(DocumentLoading, TakesTheNextNumberWhenACopyOfThatNameExists) {
   const auto path = MakeWave("song.wav");
   Document first(paths, 7);
   Document second(paths, 7);
-  first.LoadFile(path, path, {});
-  second.LoadFile(path, path, {});
+  first.LoadFile(path, path, kDefaultPlayback);
+  second.LoadFile(path, path, kDefaultPlayback);
   EXPECT_EQ(second.TempFileName(), paths.tempFolder / "temp8.wav");
 }
 
@@ -62,7 +62,7 @@ TEST_F(DocumentLoading, GoesOnWithoutATemporaryCopyWhereNoneCanBeWritten) {
   const auto path = MakeWave("song.wav");
   std::filesystem::remove(paths.tempFolder);
   Document document(paths, 7);
-  EXPECT_EQ(document.LoadFile(path, path, {}), LoadOutcome::Loaded);
+  EXPECT_EQ(document.LoadFile(path, path, kDefaultPlayback), LoadOutcome::Loaded);
   EXPECT_EQ(document.TempFileName(), "");
   document.SetChanged(true);
   EXPECT_TRUE(document.Changed());
@@ -73,7 +73,7 @@ TEST_F(DocumentLoading, DropsACopyThatTheDiskHasNoRoomFor) {
   Document document(paths, 7);
   {
     const test::FileSizeLimit limit(200);
-    EXPECT_EQ(document.LoadFile(path, path, {}), LoadOutcome::Loaded);
+    EXPECT_EQ(document.LoadFile(path, path, kDefaultPlayback), LoadOutcome::Loaded);
   }
   EXPECT_NE(document.Clip(), nullptr);
   EXPECT_EQ(document.Notice(), "");
@@ -88,7 +88,7 @@ TEST_F(DocumentLoading, WritesNoCopyOfFramesWithGaps) {
   bytes[32] = 4;
   MakeFile(path, bytes);
   Document document(paths, 7);
-  EXPECT_EQ(document.LoadFile(path, path, {}), LoadOutcome::Loaded);
+  EXPECT_EQ(document.LoadFile(path, path, kDefaultPlayback), LoadOutcome::Loaded);
   EXPECT_FALSE(document.HasTempCopy());
   EXPECT_THAT(TempFiles(), IsEmpty());
 }
@@ -112,9 +112,9 @@ TEST_F(DocumentLoading, AgainReplacesTheSound) {
   const auto stereo = MakeWave("stereo.wav", 10);
   const auto mono = MakeWave("mono.wav", 20, 8, 1);
   Document document(paths, 7);
-  document.LoadFile(stereo, stereo, {});
+  document.LoadFile(stereo, stereo, kDefaultPlayback);
   document.SetChanged(true);
-  ASSERT_EQ(document.LoadFile(mono, mono, {}), LoadOutcome::Loaded);
+  ASSERT_EQ(document.LoadFile(mono, mono, kDefaultPlayback), LoadOutcome::Loaded);
   EXPECT_EQ(document.FrameCount(), 20U);
   EXPECT_FALSE(document.Stereo());
   EXPECT_FALSE(document.Changed());
@@ -125,7 +125,7 @@ TEST_F(DocumentLoading, OfNonsenseLeavesItEmptyAndSaysWhy) {
   const auto path = scratch.Path() / "noise.wav";
   MakeFile(path, "this is no sound");
   Document document(paths, 7);
-  ASSERT_EQ(document.LoadFile(path, path, {}), LoadOutcome::Failed);
+  ASSERT_EQ(document.LoadFile(path, path, kDefaultPlayback), LoadOutcome::Failed);
   EXPECT_EQ(document.Clip(), nullptr);
   EXPECT_EQ(document.FileName(), path);
   EXPECT_EQ(document.FrameCount(), 0U);
@@ -137,7 +137,7 @@ TEST_F(DocumentLoading, OfNonsenseLeavesItEmptyAndSaysWhy) {
 TEST_F(DocumentLoading, OfOtherPcmShapesSaysTheyCanOnlyBeLookedAt) {
   const auto path = MakeWave("surround.wav", 50, 24, 6, 96000);
   Document document(paths, 7);
-  ASSERT_EQ(document.LoadFile(path, path, {}), LoadOutcome::Loaded);
+  ASSERT_EQ(document.LoadFile(path, path, kDefaultPlayback), LoadOutcome::Loaded);
   EXPECT_FALSE(document.Editable());
   EXPECT_FALSE(document.Stereo());
   EXPECT_EQ(document.Notice(), "This sound (24 bits, 6 channels) can be looked at but not edited.");
@@ -149,7 +149,7 @@ TEST_F(DocumentLoading, OfFramesWithGapsSaysTheyCanOnlyBeLookedAt) {
   bytes[32] = 7;
   MakeFile(path, bytes);
   Document document(paths, 7);
-  ASSERT_EQ(document.LoadFile(path, path, {}), LoadOutcome::Loaded);
+  ASSERT_EQ(document.LoadFile(path, path, kDefaultPlayback), LoadOutcome::Loaded);
   EXPECT_FALSE(document.Editable());
   EXPECT_THAT(document.Notice(), HasSubstr("(16 bits, 1 channel, 7 bytes per frame)"));
 }
@@ -172,7 +172,7 @@ TEST_F(DocumentLoading, ReportsProgressFromStartToEnd) {
   const auto path = MakeWave("song.wav");
   Document document(paths, 7);
   std::vector<double> shares;
-  document.LoadFile(path, path, {}, [&shares](std::uint64_t done, std::uint64_t total) {
+  document.LoadFile(path, path, kDefaultPlayback, [&shares](std::uint64_t done, std::uint64_t total) {
     shares.push_back(static_cast<double>(done) / static_cast<double>(total));
     return true;
   });
@@ -187,7 +187,7 @@ TEST_F(DocumentLoading, ReportsProgressToTheEndWhereNoCopyCanBeMade) {
   std::filesystem::remove_all(paths.tempFolder);
   Document document(paths, 7);
   double share = 0;
-  document.LoadFile(path, path, {}, [&share](std::uint64_t done, std::uint64_t total) {
+  document.LoadFile(path, path, kDefaultPlayback, [&share](std::uint64_t done, std::uint64_t total) {
     share = static_cast<double>(done) / static_cast<double>(total);
     return true;
   });
@@ -199,12 +199,13 @@ TEST_F(DocumentLoading, LeavesNothingBehindWhenCancelledAtAnyPoint) {
   const auto path = MakeWave("song.wav");
   int reports = 0;
   Document whole(paths, 1);
-  whole.LoadFile(path, path, {}, [&reports](std::uint64_t, std::uint64_t) { return ++reports > 0; });
+  whole.LoadFile(path, path, kDefaultPlayback,
+                 [&reports](std::uint64_t, std::uint64_t) { return ++reports > 0; });
   for (int last = 1; last <= reports; ++last) {
     Document document(paths, 7);
     int seen = 0;
-    const LoadOutcome outcome =
-        document.LoadFile(path, path, {}, [&](std::uint64_t, std::uint64_t) { return ++seen < last; });
+    const LoadOutcome outcome = document.LoadFile(
+        path, path, kDefaultPlayback, [&](std::uint64_t, std::uint64_t) { return ++seen < last; });
     EXPECT_EQ(outcome, LoadOutcome::Cancelled) << last;
     EXPECT_EQ(document.Clip(), nullptr);
     EXPECT_THAT(TempFiles(), ElementsAre("temp1.wav"));

@@ -32,7 +32,7 @@ class Dying : public test::DocumentTest {
     if (child == 0) {
       prctl(PR_SET_PDEATHSIG, SIGKILL);
       Document document(paths, 1);
-      document.LoadFile(path, path.string(), {});
+      document.LoadFile(path, path.string(), kDefaultPlayback);
       Clipboard clipboard;
       const ByteRange range{kEditAt, kEditAt + kEditLength};
       for (;;) {

@@ -51,7 +51,7 @@ TEST_F(Editing, DoesNothingWithoutSound) {
 TEST_F(Editing, IsRefusedForSoundThatCanOnlyBeLookedAt) {
   const auto path = MakeWave("surround.wav", 50, 24, 6, 96000);
   Document document(paths, 7);
-  document.LoadFile(path, path, {});
+  document.LoadFile(path, path, kDefaultPlayback);
   Clipboard clipboard;
   for (const EditResult& result : {document.Edit(CutEdit({0, 18}, clipboard)), document.BeginPencil(),
                                    document.Undo(), document.Redo()}) {
@@ -214,7 +214,7 @@ TEST_F(Editing, ForgetsTheHistoryWhenAnotherFileIsLoaded) {
   const auto document = Open(kMono8, test::CountingBytes(20));
   document->Edit(InsertSilenceEdit({0, 5}));
   const auto other = MakeWave("other.wav", 10);
-  document->LoadFile(other, other, {});
+  document->LoadFile(other, other, kDefaultPlayback);
   EXPECT_FALSE(document->CanUndo());
   EXPECT_FALSE(document->CanRedo());
 }

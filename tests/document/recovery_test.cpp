@@ -54,8 +54,8 @@ TEST_F(Recovery, LeavesTheCopiesOfRunningDocumentsAlone) {
   const auto path = MakeWave("song.wav");
   Document unchanged(paths, 1);
   Document changed(paths, 2);
-  unchanged.LoadFile(path, path, {});
-  changed.LoadFile(path, path, {});
+  unchanged.LoadFile(path, path, kDefaultPlayback);
+  changed.LoadFile(path, path, kDefaultPlayback);
   changed.SetChanged(true);
   EXPECT_THAT(FindAbandonedCopies(paths.tempFolder), IsEmpty());
   EXPECT_THAT(TempFiles(), ElementsAre("temp1.wav", "temp2.txt", "temp2.wav"));
@@ -64,7 +64,7 @@ TEST_F(Recovery, LeavesTheCopiesOfRunningDocumentsAlone) {
 TEST_F(Recovery, NoteFollowsTheChangedFlag) {
   const auto path = MakeWave("song.wav");
   Document document(paths, 2);
-  document.LoadFile(path, path, {});
+  document.LoadFile(path, path, kDefaultPlayback);
   document.SetChanged(true);
   EXPECT_EQ(Content(paths.tempFolder / "temp2.txt"), path.string());
   document.SetChanged(false);

@@ -25,7 +25,7 @@ class Saving : public test::DocumentTest {
   void Open(const std::string& name) {
     file = MakeWave(name);
     original = Content(file);
-    document.LoadFile(file, file, {});
+    document.LoadFile(file, file, kDefaultPlayback);
     document.SetChanged(true);
     MakeFile(file, "spoiled");
   }
@@ -67,7 +67,7 @@ TEST_F(Saving, CancelledLeavesTheOldFileAndSaysNothing) {
 
 TEST_F(Saving, UnderANameWithoutADotIsRefusedAndStaysChanged) {
   const auto wave = MakeWave("song.wav");
-  document.LoadFile(wave, scratch.Path() / "song", {});
+  document.LoadFile(wave, scratch.Path() / "song", kDefaultPlayback);
   document.SetChanged(true);
   EXPECT_FALSE(SaveDocument(document, prompts));
   EXPECT_TRUE(document.Changed());
@@ -78,7 +78,7 @@ TEST_F(Saving, UnderANameWithoutADotIsRefusedAndStaysChanged) {
 TEST_F(Saving, OfAnEmptyDocumentNeverTouchesTheFile) {
   const auto path = scratch.Path() / "broken.wav";
   MakeFile(path, "not sound, but somebody's");
-  document.LoadFile(path, path, {});
+  document.LoadFile(path, path, kDefaultPlayback);
   EXPECT_FALSE(SaveDocument(document, prompts));
   EXPECT_EQ(Content(path), "not sound, but somebody's");
   EXPECT_THAT(prompts.errors, ElementsAre("There is no sound to save."));
@@ -156,7 +156,7 @@ TEST_F(Saving, OfFramesWithGapsIsRefusedAndTouchesNothing) {
   std::string bytes = Content(file);
   bytes[32] = 4;
   MakeFile(file, bytes);
-  document.LoadFile(file, file, {});
+  document.LoadFile(file, file, kDefaultPlayback);
   document.SetChanged(true);
   EXPECT_FALSE(SaveDocument(document, prompts));
   EXPECT_EQ(Content(file), bytes);

@@ -54,7 +54,7 @@ class MissingServer : public testing::Test {
     EXPECT_EQ(services.device->StopPlayback(), kDeviceSuccess);
     EXPECT_EQ(services.device->ClosePlayback(), kDeviceSuccess);
     EXPECT_EQ(services.device->OpenRecording(), kDeviceSuccess);
-    EXPECT_EQ(services.device->SetRecordingFormat({}), kDeviceSuccess);
+    EXPECT_EQ(services.device->SetRecordingFormat(kDefaultPlayback), kDeviceSuccess);
     EXPECT_EQ(services.device->Record(), error);
     EXPECT_EQ(services.device->ErrorText(error), text);
     EXPECT_EQ(services.device->StopRecording(), kDeviceSuccess);

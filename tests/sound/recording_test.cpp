@@ -15,7 +15,7 @@ constexpr std::size_t kFrames = 12'000;
 
 class Recording : public RealSound {
  protected:
-  void Start(const PlaybackFormat& format) const {
+  void Start(const FormatChoice& format) const {
     ASSERT_EQ(services.device->OpenRecording(), kDeviceSuccess);
     ASSERT_EQ(services.device->SetRecordingFormat(format), kDeviceSuccess);
     ASSERT_EQ(services.device->Record(), kDeviceSuccess) << services.device->ErrorText(kServerRefused);

@@ -54,7 +54,7 @@ class FakeAudioDevice : public AudioDevice {
     calls.emplace_back("open recording");
     return openRecordingResult;
   }
-  DeviceError SetRecordingFormat(const PlaybackFormat& format) override {
+  DeviceError SetRecordingFormat(const FormatChoice& format) override {
     calls.push_back("format " + std::to_string(format.rate) + " " + std::to_string(format.bits) + " " +
                     std::to_string(format.channels));
     return formatResult;

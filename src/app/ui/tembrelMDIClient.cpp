@@ -79,7 +79,7 @@ tembrelMDIClient::~tembrelMDIClient() {
 }
 
 void tembrelMDIClient::TellPlaybackFormat() {
-  const PlaybackFormat& format = settings.playback;
+  const FormatChoice& format = settings.playback;
   Q_EMIT statusTextsChanged(FormatStatusTexts(format.rate, format.bits, format.channels));
 }
 

@@ -66,7 +66,7 @@ class tembrelMDIClient : public QMdiArea {
   // The open spectrum window, null when there is none.
   SpectrumWin* Spectrum() const;
   const RecentFiles& Recent() const { return recentFiles; }
-  const PlaybackFormat& Playback() const { return settings.playback; }
+  const FormatChoice& Playback() const { return settings.playback; }
 
   // The recording setup; what is chosen there with OK holds from then on.
   void ShowRecordingSetup();
