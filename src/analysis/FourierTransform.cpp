@@ -12,9 +12,9 @@ using Data = std::span<std::complex<double>>;
 
 // One dimension: lines of `end / inner` values that stand `inner` apart, in blocks of `end`.
 struct Dimension {
-  std::size_t inner = 1;
-  std::size_t end = 1;
-  std::size_t total = 1;
+  std::size_t inner = 1;  // values of the dimensions that vary faster
+  std::size_t end = 1;    // the same and those of this one
+  std::size_t total = 1;  // of all
 };
 
 std::size_t TotalLength(std::span<const std::size_t> dims, std::size_t limit) {
@@ -28,6 +28,12 @@ std::size_t TotalLength(std::span<const std::size_t> dims, std::size_t limit) {
   return total;
 }
 
+// Cooley and Tukey's transform by powers of two, in place, for one dimension after the other: first every
+// value of a line goes to the index whose bits are its own in reverse order, then transforms of half the
+// points are combined, two neighbours at a time, until one is left.
+
+// `i` runs through the indices of a line, and `mirror` is i with its bits reversed: it is counted up from the
+// highest bit down. All lines of the dimension are exchanged at once.
 void ReverseBits(Data data, const Dimension& dimension) {
   std::size_t mirror = 0;
   for (std::size_t i = 0; i < dimension.end; i += dimension.inner) {
@@ -46,6 +52,8 @@ void ReverseBits(Data data, const Dimension& dimension) {
   }
 }
 
+// The butterfly: with w the twiddle, (first, second) becomes (first + w × second, first - w × second). The
+// complex product is made of three real ones.
 void Combine(std::complex<double>& first, std::complex<double>& second, const TwiddleRecurrence& twiddle) {
   const long double re = second.real();
   const long double im = second.imag();
@@ -57,6 +65,7 @@ void Combine(std::complex<double>& first, std::complex<double>& second, const Tw
   first = {static_cast<double>(first.real() + turnedRe), static_cast<double>(first.imag() + turnedIm)};
 }
 
+// `half` is the way from a value to its partner, in the other one of two neighbouring transforms.
 void CombineAll(Data data, const Dimension& dimension, int sign) {
   for (std::size_t points = 2; points / 2 * dimension.inner < dimension.end; points *= 2) {
     const std::size_t half = points / 2 * dimension.inner;

@@ -27,9 +27,8 @@ using EvenGains = std::array<double, kBlockPoints>;
 
 // By which turns of the circle a transform goes.
 enum class Turns {
-  // Those of FourierTransform, whose results then differ by rounding only. They miss the true ones by parts
-  // in
-  // 10¹², and so does the transform of real values miss the symmetry that it should have.
+  // Those of FourierTransform, whose results then differ by rounding only. They miss the true ones by
+  // parts in 10¹², and so does the transform of real values miss the symmetry that it should have.
   OfPlainForm,
   True,
 };

@@ -6,8 +6,6 @@
 
 namespace tembrel {
 
-inline constexpr int kAcceleratorResource = 100;
-
 struct Accelerator {
   std::string_view key;  // portable spelling: "Ctrl+O", "Shift+Del", "Space"
   int id;

@@ -6,8 +6,6 @@
 
 namespace tembrel {
 
-inline constexpr int kMainMenuResource = 100;
-
 // A command (a text and an id), a separator (neither) or a popup (a text and items). What follows a tab in
 // the text is the key as shown; the keys that work are those of the accelerator table.
 struct MenuItem {

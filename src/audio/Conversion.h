@@ -1,6 +1,7 @@
-// Turns a block of samples of one format into another: the three steps and the whole that a file goes through
-// when it is loaded for a wanted format. Every function consumes its block and hands back the result, which
-// is the same block when there was nothing to do; nothing is what a failure gives.
+// Turns a block of samples of one format into another, in the plain form: for LoadClip with a wanted format,
+// and for the tests to hold FormatEdit against, which does the same piece by piece on all processors. Every
+// function consumes its block and hands back the result, which is the same block when there was nothing to
+// do; nothing is what a failure gives.
 #pragma once
 
 #include <cstdint>

@@ -18,11 +18,12 @@ struct ProgramPaths {
   std::filesystem::path settingsFile;    // TEMBREL.INI
   std::filesystem::path helpPath;        // Tembrel.chm
   std::filesystem::path tempFolder;      // Temp
-  std::filesystem::path sharedTempPath;  // Temp/~audio.wav
-  std::filesystem::path toolInput;       // Temp/fin.wav
-  std::filesystem::path toolOutput;      // Temp/fout.wav
-  std::filesystem::path toolInput16;     // Temp/fin16.wav
-  std::filesystem::path toolOutput16;    // Temp/fout16.wav
+  std::filesystem::path sharedTempPath;  // Temp/~audio.wav; not written, but removed at start-up
+  // What outside programs read and write, for the effects that will run them.
+  std::filesystem::path toolInput;     // Temp/fin.wav
+  std::filesystem::path toolOutput;    // Temp/fout.wav
+  std::filesystem::path toolInput16;   // Temp/fin16.wav
+  std::filesystem::path toolOutput16;  // Temp/fout16.wav
 
   // Temp/temp<number>.wav, the copy of one document that playback plays.
   std::filesystem::path TempWavePath(long long number) const;

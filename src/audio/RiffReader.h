@@ -17,8 +17,8 @@ namespace tembrel {
 
 struct RiffChunk {
   std::uint32_t id = 0;
-  std::uint32_t size =
-      0;  // bytes of content as declared, the form type of a RIFF chunk among them; may be a lie
+  // Bytes of content as declared, the form type of a RIFF chunk among them; may be a lie.
+  std::uint32_t size = 0;
   std::uint64_t dataOffset = 0;  // where the content starts in the file
 
   // Where the content ends if the declared size is true; may lie behind the end of the file.

@@ -25,7 +25,8 @@ class SettingStore {
   std::string ReadSettingString(std::string_view section, std::string_view key,
                                 std::string_view defaultValue) const;
 
-  // The number that the first 19 characters of the setting start with, or 0.
+  // The number that the first 19 characters of the setting start with, or 0. No setting here is a number, or
+  // written alone, so far.
   long ReadSettingInt(std::string_view section, std::string_view key, long defaultValue) const;
 
   ReplaceResult WriteSettingString(std::string_view section, std::string_view key, std::string_view value);

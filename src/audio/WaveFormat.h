@@ -38,6 +38,7 @@ constexpr std::uint32_t BytesPerSecond(std::uint32_t rate, std::uint32_t bits, s
 }
 
 // rate × bytes per sample × channels × milliseconds × 0.001 in extended precision, truncated toward zero.
+// Waits for effects that are told in milliseconds.
 std::uint32_t BytesForMilliseconds(std::uint32_t rate, std::uint32_t bits, std::uint32_t channels,
                                    std::uint32_t milliseconds);
 

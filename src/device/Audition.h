@@ -29,7 +29,7 @@ class Audition {
   // any, and returns as soon as they are on their way. What played before ends.
   AuditionResult AuditionOnce(const AudioClip& clip, std::int64_t fromByte, std::int64_t toByte,
                               const Progress& progress = {});
-  // The same over and over.
+  // The same over and over; waits for dialogs that change a sound while it is heard.
   AuditionResult AuditionLoop(const AudioClip& clip, std::int64_t fromByte, std::int64_t toByte,
                               const Progress& progress = {});
   // Ends the sound that plays.

@@ -32,8 +32,6 @@ class Transport {
   bool Recording() const { return recording; }
   bool PlayScreenMode() const { return playScreenMode; }
   const TransportButtons& Buttons() const { return buttons; }
-  // The document that plays or played last; null before the first.
-  const PlayedDocument* PlayDocument() const { return playDocument.get(); }
   // The recorded source line, and the recording line's volume, as they were before the last recording. The
   // mixer is not set back to them.
   int RememberedLine() const { return rememberedLine; }
@@ -53,6 +51,9 @@ class Transport {
   // Starts a recording; what plays ends first. Nothing while something is recorded.
   void Record();
 
+  // The host's two timers, which run from StartTick() to StopTick() and from StartMeter() to StopMeter(): the
+  // first moves the cursor and ends playing at the end, the second shows the recording's level, and says why
+  // it has stopped by itself.
   void OnTick();
   void OnMeter();
 

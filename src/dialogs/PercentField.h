@@ -1,4 +1,5 @@
-// The percentages of amplifying (0 to kLargestGainPercent) and of the noise filter's strength (0 to 100).
+// The percentages of amplifying (0 to kLargestGainPercent) and of the noise filter's strength (0 to 100),
+// which waits for its effect.
 #pragma once
 
 #include "dialogs/SliderField.h"

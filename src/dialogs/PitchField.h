@@ -1,5 +1,5 @@
 // The semitones of a change of pitch, -24.0 to 24.0 in tenths. The slider runs from 0 to 480, 240 being no
-// change.
+// change. Waits for the effect.
 #pragma once
 
 #include "dialogs/SliderField.h"

@@ -1,4 +1,4 @@
-// The percentage of a change of duration, 25 to 400.
+// The percentage of a change of duration, 25 to 400. Waits for the effect.
 #pragma once
 
 #include "dialogs/SliderField.h"

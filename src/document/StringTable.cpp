@@ -29,6 +29,7 @@ constexpr std::array kStrings{
     StringRow{kStringToolTips + 46, "Move In Time"},
     StringRow{kStringSaveWarning, "The given file extension will be changed to .WAV."},
     StringRow{kStringSaveTitle, "Save"},
+    // Another name than the program's, kept letter by letter: it is no slip.
     StringRow{kStringLeavingTitle, "Leaving Corvane"},
     StringRow{kStringNewDocument, "Document"},
 };

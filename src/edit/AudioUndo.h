@@ -14,6 +14,9 @@
 namespace tembrel {
 
 inline constexpr int kUndoSteps = 32;
+// A slot is filled with the working state and the tag that is current, and brings both back. A push makes 0
+// the current tag, so that a tag tells a slot that was filled from one that never was. The program asks for
+// none so far.
 inline constexpr std::uint16_t kEmptySlotTag = 0xFFFF;
 
 struct UndoSlot {

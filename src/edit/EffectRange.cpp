@@ -36,7 +36,7 @@ ByteRange Within(const ByteRange& selection, const AudioClip& clip, std::int64_t
 }
 
 template <typename Byte>
-bool WorkOnPieces(ClipEditor& editor, std::span<Byte> bytes, std::uint64_t told, std::uint64_t total,
+bool WorkOnPieces(ClipEditor& editor, std::span<Byte> bytes, std::uint64_t doneBefore, std::uint64_t total,
                   const std::function<void(std::span<Byte>, std::int64_t)>& work) {
   const auto size = static_cast<std::int64_t>(bytes.size());
   return ShareOut((size + kPiece - 1) / kPiece,
@@ -47,8 +47,8 @@ bool WorkOnPieces(ClipEditor& editor, std::span<Byte> bytes, std::uint64_t told,
                                     offset, work);
                   },
                   [&](std::int64_t done) {
-                    return editor.Proceed(told + static_cast<std::uint64_t>(std::min(done * kPiece, size)),
-                                          total);
+                    return editor.Proceed(
+                        doneBefore + static_cast<std::uint64_t>(std::min(done * kPiece, size)), total);
                   });
 }
 
@@ -72,21 +72,22 @@ EditStep InPlaceStep(std::function<EditResult(ClipEditor&)> change) {
 }
 
 EditResult RewritePieces(
-    ClipEditor& editor, const ByteRange& range, std::uint64_t told, std::uint64_t total,
+    ClipEditor& editor, const ByteRange& range, std::uint64_t doneBefore, std::uint64_t total,
     const std::function<void(std::span<std::byte> piece, std::int64_t offset)>& rewrite) {
   const auto bytes = editor.Overwrite(static_cast<std::uint64_t>(range.start),
                                       static_cast<std::uint64_t>(range.end - range.start));
   if (!bytes) {
     return RefusalOf(editor);
   }
-  return WorkOnPieces(editor, *bytes, told, total, rewrite) ? EditResult::Done() : EditResult::Cancelled();
+  return WorkOnPieces(editor, *bytes, doneBefore, total, rewrite) ? EditResult::Done()
+                                                                  : EditResult::Cancelled();
 }
 
-bool LookAtPieces(ClipEditor& editor, const ByteRange& range, std::uint64_t told, std::uint64_t total,
+bool LookAtPieces(ClipEditor& editor, const ByteRange& range, std::uint64_t doneBefore, std::uint64_t total,
                   const std::function<void(std::span<const std::byte> piece, std::int64_t offset)>& look) {
   const auto bytes = editor.Clip().Bytes().subspan(static_cast<std::size_t>(range.start),
                                                    static_cast<std::size_t>(range.end - range.start));
-  return WorkOnPieces(editor, bytes, told, total, look);
+  return WorkOnPieces(editor, bytes, doneBefore, total, look);
 }
 
 }  // namespace tembrel

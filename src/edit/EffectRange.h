@@ -34,17 +34,19 @@ struct EffectFrames {
   }
 };
 
-// A step that changes sound in place, for what such steps have in common.
+// A step that makes this change to the sound in place: it marks the document changed, and no length or format
+// is another afterwards.
 EditStep InPlaceStep(std::function<EditResult(ClipEditor&)> change);
 
 // Rewrites the bytes of `range`, which lies within the clip, on all processors. `rewrite` is given pieces
-// that begin and end with whole frames, and the offset of each from the range's start. `told` of `total`
-// bytes were worked through before.
-EditResult RewritePieces(ClipEditor& editor, const ByteRange& range, std::uint64_t told, std::uint64_t total,
+// that begin and end with whole frames, and the offset of each from the range's start. `doneBefore`
+// of `total` bytes were worked through before.
+EditResult RewritePieces(ClipEditor& editor, const ByteRange& range, std::uint64_t doneBefore,
+                         std::uint64_t total,
                          const std::function<void(std::span<std::byte> piece, std::int64_t offset)>& rewrite);
 
 // The same for work that only looks. False when it was cancelled.
-bool LookAtPieces(ClipEditor& editor, const ByteRange& range, std::uint64_t told, std::uint64_t total,
+bool LookAtPieces(ClipEditor& editor, const ByteRange& range, std::uint64_t doneBefore, std::uint64_t total,
                   const std::function<void(std::span<const std::byte> piece, std::int64_t offset)>& look);
 
 }  // namespace tembrel

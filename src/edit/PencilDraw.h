@@ -21,8 +21,8 @@ struct PencilArea {
 
 struct PencilLevel {
   int channel = 0;  // 0 for mono and left, 1 for right
-  std::int64_t value =
-      0;  // 0 is silence; full scale is reached a little inside the area and passed at its edge
+  // 0 is silence; full scale is reached a little inside the area and passed at its edge.
+  std::int64_t value = 0;
 };
 
 // The level under row y. Nothing in an area too low for the layout.

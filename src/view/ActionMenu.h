@@ -39,6 +39,7 @@ bool IsActionBuilt(int id);
 std::string MenuName(std::string_view name);
 
 // The entries in order. The plug-ins' sub-menu is there only when there are names, and holds the first 24.
+// Nobody gives any as long as plug-ins are not built.
 std::vector<ActionItem> ActionMenu(std::span<const std::string> pluginNames = {});
 
 }  // namespace tembrel

@@ -18,11 +18,11 @@ struct WaveSpan {
   std::span<const std::byte> bytes;
   std::int64_t frames = 0;  // at least 1
   std::int64_t stride = 0;  // bytes from frame to frame
-  std::int64_t sampleBytes =
-      0;             // bytes of one sample: 1 is unsigned, of more the top two are taken as signed
+  // Bytes of one sample: 1 is unsigned, of more the top two are taken as signed.
+  std::int64_t sampleBytes = 0;
   int channels = 1;  // drawn: 1 or 2
-  std::int64_t columns =
-      0;                  // pixel columns the frames take; 0 when they share the first one with what follows
+  // Pixel columns the frames take; 0 when they share the first one with what follows.
+  std::int64_t columns = 0;
   std::int64_t step = 1;  // frames from one examined frame to the next
   bool dense = false;     // one vertical line a column instead of joined samples
 

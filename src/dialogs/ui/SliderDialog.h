@@ -40,6 +40,8 @@ class CtlScaleDialog final : public SliderDialog {
   int Percent() const { return Field().Position(); }
 };
 
+// The next three wait for their effects.
+
 // The strength of the noise filter: 0 to 100 percent.
 class StrengthDialog final : public SliderDialog {
   Q_OBJECT

@@ -91,8 +91,8 @@ fs::path ConfiguredDocuments() {
 }  // namespace
 
 fs::path ExecutablePath() {
-  constexpr std::string_view kDeleted =
-      " (deleted)";  // what the system says of a program that was built anew
+  // What the system says of a program that was built anew.
+  constexpr std::string_view kDeleted = " (deleted)";
   std::error_code error;
   fs::path path = fs::read_symlink("/proc/self/exe", error);
   if (error) {
