@@ -255,8 +255,8 @@ void Transport::OnMeter() {
   }
   const RecordingState state = device.AskRecording();
   host.ShowRecording(state);
-  if (state.failure == kDeviceSuccess || asking) {
-    return;  // a failure is still there when the question is answered
+  if (state.failure == kDeviceSuccess || asking || prompts.ShowsProgress()) {
+    return;  // a failure is still there when the question is answered or the task is done
   }
   host.StopMeter();
   failureSaid = true;

@@ -67,6 +67,8 @@ class Prompts {
   virtual std::optional<FormatChoice> AskFormat(const FormatChoice& format) = 0;
   // Never null.
   virtual std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) = 0;
+  // Whether a display is there. What is asked of a sudden, by a timer, would hold up its task.
+  virtual bool ShowsProgress() const { return false; }
 };
 
 // True when nothing stands at the path, or the user lets it be overwritten.

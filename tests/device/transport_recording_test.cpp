@@ -397,6 +397,25 @@ TEST_F(TransportRecording, TheMeterRunsWhileItIsAskedAndAFailureWaits) {
   EXPECT_FALSE(transport.Recording());
 }
 
+TEST_F(TransportRecording, AFailureWaitsForATaskThatIsAtWork) {
+  StartRecording();
+  AnswerName("rest.wav");
+  device.state.failure = 7;
+  prompts.showsProgress = true;
+  for (int i = 0; i < 3; ++i) {
+    transport.OnMeter();
+  }
+  EXPECT_EQ(host.shown.size(), 3U);
+  EXPECT_TRUE(host.metering);
+  EXPECT_TRUE(transport.Recording());
+  EXPECT_THAT(prompts.errors, IsEmpty());
+  EXPECT_THAT(device.calls, IsEmpty());
+  prompts.showsProgress = false;
+  transport.OnMeter();
+  EXPECT_EQ(prompts.errors.size(), 1U);
+  EXPECT_THAT(host.opened, ElementsAre(folder / "rest.WAV"));
+}
+
 TEST_F(TransportRecording, NothingElseBeginsWhileANameIsAsked) {
   StartRecording();
   prompts.onQuestion = [this] {

@@ -61,6 +61,19 @@ class ProgressDialogTest : public QObject {
   }
 
  private Q_SLOTS:
+  void IsKnownFromItsBeginToItsEnd() {
+    QWidget window;
+    QtPrompts prompts(&window);
+    QVERIFY(!prompts.ShowsProgress());
+    auto outer = prompts.ShowProgress("Opening");
+    auto inner = prompts.ShowProgress("Filter");
+    QVERIFY(prompts.ShowsProgress());
+    inner.reset();
+    QVERIFY(prompts.ShowsProgress());
+    outer.reset();
+    QVERIFY(!prompts.ShowsProgress());
+  }
+
   void ComesAfterHalfASecondAndShowsHowFarTheTaskIs() {
     QWidget window;
     window.show();

@@ -30,6 +30,7 @@ class ScriptedPrompts : public Prompts {
   std::vector<int> presetsToHear;  // auditioned before the filter is answered
   std::optional<FormatChoice> formatAnswer;
   std::vector<std::string> parametersAsked;  // "amplify 100", "filter 0", "format 44100 16 2"
+  bool showsProgress = false;                // a task outside the script is at work
   // What a running task's report gives; default: go on.
   std::function<bool(std::uint64_t, std::uint64_t)> onProgress = [](std::uint64_t, std::uint64_t) {
     return true;
@@ -77,6 +78,7 @@ class ScriptedPrompts : public Prompts {
                               " " + std::to_string(format.channels));
     return formatAnswer;
   }
+  bool ShowsProgress() const override { return showsProgress; }
   std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& /*text*/) override {
     return std::make_unique<Display>(onProgress);
   }

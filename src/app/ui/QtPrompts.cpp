@@ -62,7 +62,8 @@ void RememberFolder(const QString& file) {
 
 class QtProgressDisplay : public ProgressDisplay {
  public:
-  QtProgressDisplay(QWidget* window, QString label) : parent(window), text(std::move(label)) {
+  QtProgressDisplay(QWidget* window, QString label, std::shared_ptr<const bool> displayMark)
+      : parent(window), text(std::move(label)), mark(std::move(displayMark)) {
     sinceStart.start();
   }
 
@@ -117,6 +118,7 @@ class QtProgressDisplay : public ProgressDisplay {
 
   QWidget* parent;
   QString text;
+  std::shared_ptr<const bool> mark;
   QElapsedTimer sinceStart;
   QElapsedTimer sinceRefresh;
   std::unique_ptr<QProgressDialog> dialog;
@@ -214,7 +216,7 @@ std::optional<FormatChoice> QtPrompts::AskFormat(const FormatChoice& format) {
 }
 
 std::unique_ptr<ProgressDisplay> QtPrompts::ShowProgress(const std::string& text) {
-  return std::make_unique<QtProgressDisplay>(parent, PathToText(text));
+  return std::make_unique<QtProgressDisplay>(parent, PathToText(text), displayMark);
 }
 
 }  // namespace tembrel

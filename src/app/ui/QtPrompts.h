@@ -26,9 +26,11 @@ class QtPrompts : public Prompts {
   std::optional<int> AskFilter(int preset, const PresetAudition& audition) override;
   std::optional<FormatChoice> AskFormat(const FormatChoice& format) override;
   std::unique_ptr<ProgressDisplay> ShowProgress(const std::string& text) override;
+  bool ShowsProgress() const override { return displayMark.use_count() > 1; }
 
  private:
   QWidget* parent;
+  std::shared_ptr<const bool> displayMark = std::make_shared<bool>(true);  // every progress display holds it
 };
 
 // File names are bytes to the engine and texts to Qt.
