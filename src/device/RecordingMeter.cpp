@@ -5,12 +5,15 @@
 #include <cmath>
 #include <cstdio>
 
+#include "device/TransportHost.h"
+
 namespace tembrel {
 
 namespace {
 
 constexpr double kLowestDecibels = -60.0;
 constexpr double kFall = 0.7943282347242815;  // 2 dB
+constexpr int kMostCalls = 2000 / kMeterMs;   // without sound
 constexpr int kGap = 1;                       // between the channels, pixels
 
 struct ZoneRow {
@@ -84,13 +87,22 @@ void RecordingMeter::Start() {
 }
 
 void RecordingMeter::Take(const RecordingState& state) {
+  callsWithoutSound = state.milliseconds == milliseconds ? std::min(callsWithoutSound + 1, kMostCalls) : 0;
+  failed = state.failure != kDeviceSuccess;
   milliseconds = state.milliseconds;
   left = std::max(state.peakLeft, left * kFall);
   right = std::max(state.peakRight, right * kFall);
   clipped = clipped || state.clipped;
 }
 
+bool RecordingMeter::NoSound() const {
+  return failed || callsWithoutSound == kMostCalls;
+}
+
 std::string RecordingMeter::LevelText() const {
+  if (NoSound()) {
+    return kNoSoundText;
+  }
   return "Left " + DecibelText(left) + ", right " + DecibelText(right);
 }
 

@@ -28,17 +28,23 @@ std::string RecordingTimeText(std::int64_t milliseconds);
 // Where a magnitude of 0.0 to 1.0 lies on the scale: 0.0 at -60 dB and below, 1.0 at full scale.
 double MeterShare(double magnitude);
 
+// Stands in the place of the bars.
+inline constexpr char kNoSoundText[] = "No sound arrives";
+
 class RecordingMeter {
  public:
   // A recording begins: no time, no sound, the clip light off.
   void Start();
-  // Louder sound shows at once; the bars fall by 2 dB a call. The clip light stays on.
+  // To be called every kMeterMs. Louder sound shows at once; the bars fall by 2 dB a call. The clip light
+  // stays on.
   void Take(const RecordingState& state);
   void ClearClip() { clipped = false; }
 
   bool Clipped() const { return clipped; }
+  // Nothing was taken down for two seconds, or nothing more will be.
+  bool NoSound() const;
   std::string TimeText() const { return RecordingTimeText(milliseconds); }
-  // For who cannot see the bars: "Left -6 dB, right -12 dB".
+  // For who cannot see the bars: "Left -6 dB, right -12 dB"; kNoSoundText without sound.
   std::string LevelText() const;
   // The bars of a meter of this size, the left channel's above the right one's, in painting order.
   std::vector<MeterBar> Bars(int width, int height) const;
@@ -48,6 +54,8 @@ class RecordingMeter {
   double left = 0.0;  // magnitudes shown
   double right = 0.0;
   bool clipped = false;
+  bool failed = false;
+  int callsWithoutSound = 0;
 };
 
 }  // namespace tembrel

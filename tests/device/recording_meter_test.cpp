@@ -102,6 +102,45 @@ TEST(RecordingMeter, RisesAtOnceAndFallsByTwoDecibels) {
   EXPECT_EQ(meter.LevelText(), "Left -4 dB, right 0 dB");
 }
 
+TEST(RecordingMeter, SaysThatNoSoundArrivesAfterTwoSeconds) {
+  RecordingMeter meter;
+  meter.Start();
+  RecordingState state = State(0.5, 0.5);
+  meter.Take(state);
+  for (int tenth = 1; tenth < 20; ++tenth) {
+    meter.Take(state);
+    ASSERT_FALSE(meter.NoSound()) << tenth;
+  }
+  meter.Take(state);
+  EXPECT_TRUE(meter.NoSound());
+  EXPECT_EQ(meter.LevelText(), "No sound arrives");
+  EXPECT_EQ(meter.TimeText(), "0:01.0");
+  meter.Take(state);
+  EXPECT_TRUE(meter.NoSound());
+  state.milliseconds += 1;
+  meter.Take(state);
+  EXPECT_FALSE(meter.NoSound());
+}
+
+TEST(RecordingMeter, SaysThatNoSoundArrivesWhenNoneHasEverArrived) {
+  RecordingMeter meter;
+  meter.Start();
+  for (int tenth = 0; tenth < 20; ++tenth) {
+    EXPECT_FALSE(meter.NoSound());
+    meter.Take({});
+  }
+  EXPECT_TRUE(meter.NoSound());
+  meter.Start();
+  EXPECT_FALSE(meter.NoSound());
+}
+
+TEST(RecordingMeter, SaysAtOnceThatNoSoundArrivesAfterAFailure) {
+  RecordingMeter meter;
+  meter.Start();
+  meter.Take({1000, 0.5, 0.5, false, 7});
+  EXPECT_TRUE(meter.NoSound());
+}
+
 TEST(RecordingMeter, TheClipLightStaysUntilItIsCleared) {
   RecordingMeter meter;
   EXPECT_FALSE(meter.Clipped());

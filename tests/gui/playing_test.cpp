@@ -401,6 +401,32 @@ class PlayingTest : public QObject {
     QVERIFY(Green() < bars.width() * 3 / 4);
   }
 
+  void TheMeterSaysThatNoSoundArrives() {
+    SoundDesk desk;
+    desk.DoNotShowTheSetup();
+    desk.Click("Record");
+    auto& bars = *desk->Frame().findChild<QWidget*>("LevelMeter");
+    const auto Reddish = [&bars] {
+      const QImage image = OnScreen(bars);
+      int count = 0;
+      for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+          count += qRed(image.pixel(x, y)) > 150 ? 1 : 0;
+        }
+      }
+      return count;
+    };
+    desk.Device().state.milliseconds = 100;
+    QTRY_COMPARE(desk->Frame().findChild<QLabel*>("recordingTime")->text(), "0:00.1");
+    QCOMPARE(Reddish(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(bars.accessibleName(), "Recording level: No sound arrives", 20'000);
+    QVERIFY(Reddish() > 20);
+    QVERIFY(desk->prompts.errors.empty());
+    desk.Device().state.milliseconds = 200;
+    QTRY_COMPARE(bars.accessibleName(), "Recording level: Left silent, right silent");
+    QCOMPARE(Reddish(), 0);
+  }
+
   void TheClipLightStaysOnUntilItIsClicked() {
     SoundDesk desk;
     desk.DoNotShowTheSetup();

@@ -30,6 +30,15 @@ constexpr std::array<ZoneColours, 3> kZoneColours{{
     {0xFFF04030, 0xFF4C201C},
 }};
 
+void PaintText(QPainter& painter, const QRect& rect, const QColor& colour, const QString& text) {
+  QFont font = painter.font();
+  font.setPixelSize(11);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.setPen(colour);
+  painter.drawText(rect, Qt::AlignCenter, text);
+}
+
 }  // namespace
 
 class LevelMeterWidget : public QWidget {
@@ -44,6 +53,10 @@ class LevelMeterWidget : public QWidget {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     painter.fillRect(rect(), QColor::fromRgb(kMeterPaper));
+    if (meter.NoSound()) {
+      PaintText(painter, rect(), QColor::fromRgb(kZoneColours.back().lit), kNoSoundText);
+      return;
+    }
     painter.translate(kFrame, kFrame);
     for (const MeterBar& bar : meter.Bars(width() - 2 * kFrame, height() - 2 * kFrame)) {
       const ZoneColours& colours = kZoneColours.at(static_cast<std::size_t>(bar.zone));
@@ -70,12 +83,7 @@ class ClipLight : public ToggleButton {
     const ZoneColours& colours = kZoneColours.back();
     QPainter painter(this);
     painter.fillRect(rect(), QColor::fromRgb(isChecked() ? colours.lit : colours.unlit));
-    painter.setPen(isChecked() ? Qt::white : QColor(0x90, 0x70, 0x70));
-    QFont font = painter.font();
-    font.setPixelSize(11);
-    font.setBold(true);
-    painter.setFont(font);
-    painter.drawText(rect(), Qt::AlignCenter, text());
+    PaintText(painter, rect(), isChecked() ? Qt::white : QColor(0x90, 0x70, 0x70), text());
     if (hasFocus()) {
       painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
