@@ -50,6 +50,8 @@ class Mixer {
   virtual int DeviceCount() const = 0;
   // UTF-8; nothing for a device that does not open or tell its name.
   virtual std::optional<std::string> DeviceName(int device) const = 0;
+  // Whether devices or their lines may be missing because what knows them does not answer.
+  virtual bool Hangs() const { return false; }
   // Null when there is no such device or it does not open.
   virtual std::unique_ptr<MixerDevice> Open(int device) = 0;
 };

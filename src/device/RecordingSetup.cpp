@@ -118,10 +118,16 @@ int RecordingSetup::Percent(SetupLine which) const {
 }
 
 std::string RecordingSetup::Hint() const {
+  if (!lineNames.empty()) {
+    return "";
+  }
+  if (mixer.Hangs()) {
+    return "The sound server does not answer. Only the format can be chosen.";
+  }
   if (mixerNames.empty()) {
     return "No sound server was found. Only the format can be chosen.";
   }
-  return lineNames.empty() ? "This mixer has no line to record from." : "";
+  return "This mixer has no line to record from.";
 }
 
 void RecordingSetup::ChooseMixer(int entry) {

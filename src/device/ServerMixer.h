@@ -17,7 +17,8 @@ class ServerMixer : public Mixer {
   // 0 without a server.
   int DeviceCount() const override;
   std::optional<std::string> DeviceName(int device) const override;
-  // The device has the source lines of this moment.
+  bool Hangs() const override { return server->Hangs(); }
+  // The device has the source lines of this moment; none when the server hangs.
   std::unique_ptr<MixerDevice> Open(int device) override;
 
  private:

@@ -74,6 +74,8 @@ class SoundServer {
   virtual ~SoundServer() = default;
 
   virtual bool Reachable() = 0;
+  // There is one, but the last call that waited for it did so in vain, and nothing was heard of it since.
+  virtual bool Hangs() = 0;
 
   // Returns before the first sound is heard. A stream that the server refuses later has simply ended. Streams
   // may outlive this object. Functions that were handed in are not called any more once the stream is gone.

@@ -312,6 +312,18 @@ TEST(RecordingSetup, WithoutMixersTheFormatCanStillBeChosen) {
   EXPECT_EQ(Accepted(setup, {}).playback, (FormatChoice{11025, 8, 1}));
 }
 
+TEST(RecordingSetup, OneThatHangsIsNotTakenForOneWithoutLines) {
+  FakeMixer mixer = ThreeMixers();
+  mixer.hangs = true;
+  EXPECT_EQ(RecordingSetup(mixer, With({})).Hint(), "");
+  mixer.devices[0].destinations[1].lines.clear();
+  EXPECT_EQ(RecordingSetup(mixer, With({})).Hint(),
+            "The sound server does not answer. Only the format can be chosen.");
+  mixer.devices.clear();
+  EXPECT_EQ(RecordingSetup(mixer, With({})).Hint(),
+            "The sound server does not answer. Only the format can be chosen.");
+}
+
 TEST(RecordingSetup, WithoutMixersTheStoredLinesStay) {
   FakeMixer mixer;
   const RecordingSettings settings = Lines(2, 500, 1, 600);

@@ -134,6 +134,7 @@ TEST_F(DyingServer, MakesPlayingSilentAndIsFoundAgain) {
 
 TEST_F(DyingServer, ThatFreezesIsWaitedForOnceAndUsedAgainWhenItAnswers) {
   ASSERT_EQ(services.mixer->DeviceCount(), 1);
+  EXPECT_FALSE(services.mixer->Hangs());
   server->Freeze();
   const auto start = steady_clock::now();
   for (int i = 0; i < 20; ++i) {
@@ -143,8 +144,10 @@ TEST_F(DyingServer, ThatFreezesIsWaitedForOnceAndUsedAgainWhenItAnswers) {
     EXPECT_EQ(services.device->CloseRecording(), kDeviceSuccess);
   }
   EXPECT_LT(steady_clock::now() - start, seconds(20));
+  EXPECT_TRUE(services.mixer->Hangs());
   server->Wake();
   EXPECT_TRUE(Eventually([&] { return services.mixer->Open(0)->SourceCount(0) == 3; }));
+  EXPECT_FALSE(services.mixer->Hangs());
 }
 
 // The server makes in the end what it was asked for while it hung.

@@ -14,6 +14,7 @@ using ::testing::ElementsAre;
 class PaperServer : public SoundServer {
  public:
   bool Reachable() override { return reachable; }
+  bool Hangs() override { return hangs; }
   StreamResult StartPlayback(const SoundFormat&, PullSound) override { return {}; }
   StreamResult StartRecording(const SoundFormat&, PushSound, SoundLost) override { return {}; }
   std::vector<SoundCard> Cards() override { return {{4, "Built-in"}, {9, "USB"}}; }
@@ -34,6 +35,7 @@ class PaperServer : public SoundServer {
   }
 
   bool reachable = true;
+  bool hangs = false;
   std::string chosen = "c";
   std::uint32_t volume = 1000;
 };
@@ -117,6 +119,9 @@ TEST_F(TheMixer, WhatIsNotThereFails) {
   server->reachable = false;
   EXPECT_EQ(mixer.DeviceCount(), 0);
   EXPECT_EQ(mixer.Open(0), nullptr);
+  EXPECT_FALSE(mixer.Hangs());
+  server->hangs = true;
+  EXPECT_TRUE(mixer.Hangs());
 }
 
 using RealMixer = RealSound;

@@ -33,6 +33,7 @@ struct FakeMixerDevice {
 class FakeMixer : public Mixer {
  public:
   std::vector<FakeMixerDevice> devices;
+  bool hangs = false;
   int openDevices = 0;               // opened and not closed again
   std::vector<std::string> changes;  // what was set: "0.1 items 01000", "0.1.2 volume 500"
 
@@ -40,6 +41,7 @@ class FakeMixer : public Mixer {
   std::optional<std::string> DeviceName(int device) const override {
     return Has(device) ? devices.at(static_cast<std::size_t>(device)).name : std::nullopt;
   }
+  bool Hangs() const override { return hangs; }
   std::unique_ptr<MixerDevice> Open(int device) override {
     if (!Has(device)) {
       return nullptr;

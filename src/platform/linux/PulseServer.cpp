@@ -84,6 +84,14 @@ bool PulseServer::Reachable() {
   return connection->Connect() == SoundFault::None;
 }
 
+bool PulseServer::Hangs() {
+  if (!connection->Start()) {
+    return false;
+  }
+  const PulseConnection::Lock lock(*connection);
+  return connection->Fault() == SoundFault::Hung;
+}
+
 StreamResult PulseServer::StartPlayback(const SoundFormat& format, PullSound pull) {
   return StartStream<PulsePlayback>(format, std::move(pull));
 }

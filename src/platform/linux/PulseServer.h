@@ -13,6 +13,7 @@ namespace tembrel {
 class PulseServer : public SoundServer {
  public:
   bool Reachable() override;
+  bool Hangs() override;
   StreamResult StartPlayback(const SoundFormat& format, PullSound pull) override;
   StreamResult StartRecording(const SoundFormat& format, PushSound push, SoundLost lost) override;
   std::vector<SoundCard> Cards() override;
