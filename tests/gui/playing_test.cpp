@@ -439,6 +439,15 @@ class PlayingTest : public QObject {
     desk.Device().state.clipped = false;
     desk.Click("Stop");
     QVERIFY(light.isVisible() && light.isChecked());
+    auto& time = *gadget.findChild<QLabel*>("recordingTime");
+    auto& bars = *gadget.findChild<QWidget*>("LevelMeter");
+    QVERIFY(!time.isVisible() && !bars.isVisible());
+    desk.Click("Record");
+    QVERIFY(light.isVisible() && time.isVisible() && bars.isVisible());
+    desk.Device().state.clipped = true;
+    QTRY_VERIFY(light.isChecked());
+    desk.Device().state.clipped = false;
+    desk.Click("Stop");
     QTest::mouseClick(&light, Qt::LeftButton);
     QVERIFY(!light.isChecked());
     QVERIFY(!gadget.isVisible());

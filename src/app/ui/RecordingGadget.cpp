@@ -112,6 +112,8 @@ RecordingGadget::RecordingGadget(QWidget* parent)
 
 void RecordingGadget::Start() {
   running = true;
+  time->show();
+  bars->show();
   meter.Start();
   Refresh();
   show();
@@ -124,6 +126,8 @@ void RecordingGadget::Show(const RecordingState& state) {
 
 void RecordingGadget::End() {
   running = false;
+  time->hide();
+  bars->hide();
   setVisible(meter.Clipped());
 }
 

@@ -21,7 +21,7 @@ class RecordingGadget : public QWidget {
 
   void Start();
   void Show(const RecordingState& state);
-  // Goes away, unless the clip light is on.
+  // Goes away; a clip light that is on stays, alone.
   void End();
 
  private:
