@@ -339,6 +339,20 @@ class SpectrumReadingTest : public QObject {
     QVERIFY(text.starts_with("bin,hz,power,power_right\n"));
   }
 
+  void WhatIsSavedIsCalledAfterTheSoundThatIsShown() {
+    SpectrumDesk desk;
+    AudioWin& shown = desk.OpenSine("a.wav", 16, 440);
+    desk.OpenSpectrum();
+    AudioWin& other = desk.OpenWave("b.wav", 5000, 24, 2);
+    other.EditWindow()->View().SetCursorPosition(100, false);
+    QVERIFY(desk.Readout().accessibleDescription().contains("8 or 16 bits"));
+    MenuAction(desk, "as CSV")->trigger();
+    QCOMPARE(desk.prompts.startShown.string(), (desk.scratch / "a-spectrum.csv").string());
+    desk.Client().setActiveSubWindow(desk.Children().at(0));
+    shown.EditWindow()->View().SetCursorPosition(100, false);
+    QCOMPARE(desk.Readout().accessibleDescription(), "a.wav");
+  }
+
   void AFileThatCannotBeWrittenIsNamed() {
     SpectrumDesk desk;
     desk.OpenSine("a.wav", 16, 440);

@@ -149,6 +149,8 @@ void SpectrumWin::Compute(const AudioClip* clip, std::int64_t cursorFrame) {
   if (computed) {
     const bool otherRate = computed->rate != spectrum.rate;
     spectrum = std::move(*computed);
+    soundFile = nextFile;
+    soundName = nextName;
     readout->ShowNotice(soundName);
     if (otherRate && display->MarkerShown()) {
       Pick(view.MarkerBin());
@@ -163,8 +165,8 @@ void SpectrumWin::Compute(const AudioClip* clip, std::int64_t cursorFrame) {
 }
 
 void SpectrumWin::SetSound(std::filesystem::path file, QString name) {
-  soundFile = std::move(file);
-  soundName = std::move(name);
+  nextFile = std::move(file);
+  nextName = std::move(name);
 }
 
 bool SpectrumWin::FollowsCursor() const {

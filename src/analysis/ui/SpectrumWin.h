@@ -34,8 +34,8 @@ class SpectrumWin : public QWidget {
   // spectrum, what is shown stays, and the readout says why.
   void Compute(const AudioClip* clip, std::int64_t cursorFrame);
 
-  // Whose spectrum is computed next: `name` stands beside the readout, and what is saved is called after the
-  // file, which is empty for a sound without one.
+  // Whose spectrum is computed next. Once there is one, `name` stands beside the readout, and what is saved
+  // is called after the file, which is empty for a sound without one.
   void SetSound(std::filesystem::path file, QString name);
   // "Follow the cursor" is on.
   bool FollowsCursor() const;
@@ -82,8 +82,10 @@ class SpectrumWin : public QWidget {
   void SaveNumbers();
 
   Prompts& prompts;
-  std::filesystem::path soundFile;
+  std::filesystem::path soundFile;  // of the spectrum that is shown
   QString soundName;
+  std::filesystem::path nextFile;  // of the one that is computed next
+  QString nextName;
   NoteBands bands = BuildNoteBands();
   Spectrum spectrum;
   SpectrumView view;
