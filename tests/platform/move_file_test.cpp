@@ -5,12 +5,15 @@
 
 #include "platform/MoveFile.h"
 #include "tests/support/FileBytes.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/ScratchFolder.h"
 
 namespace tembrel::test {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr char kNoOtherDisk[] = "there is no second file system to move to";
 
 class MovingAFile : public testing::Test {
  protected:
@@ -19,6 +22,16 @@ class MovingAFile : public testing::Test {
     fs::permissions(From(), fs::perms::owner_read | fs::perms::owner_write);
   }
   fs::path From() const { return folder / "from"; }
+  // A free name on another file system; empty when there is none.
+  fs::path OnAnotherDisk() const {
+    struct stat here {};
+    struct stat there {};
+    if (stat(folder.Path().c_str(), &here) != 0 || stat("/dev/shm", &there) != 0 ||
+        here.st_dev == there.st_dev) {
+      return {};
+    }
+    return "/dev/shm/tembrel-test-" + folder.Path().filename().string();
+  }
 
   ScratchFolder folder;
 };
@@ -33,12 +46,9 @@ TEST_F(MovingAFile, GivesItTheNameAndThePermissionsOfANewFile) {
 }
 
 TEST_F(MovingAFile, CopiesItToAnotherDisk) {
-  const fs::path other = "/dev/shm/tembrel-test-" + folder.Path().filename().string();
-  struct stat here {};
-  struct stat there {};
-  if (stat(folder.Path().c_str(), &here) != 0 || stat("/dev/shm", &there) != 0 ||
-      here.st_dev == there.st_dev) {
-    GTEST_SKIP() << "there is no second file system to move to";
+  const fs::path other = OnAnotherDisk();
+  if (other.empty()) {
+    GTEST_SKIP() << kNoOtherDisk;
   }
   const std::string content(20'000'001, 'x');
   WriteText(From(), content);
@@ -52,6 +62,25 @@ TEST_F(MovingAFile, CopiesItToAnotherDisk) {
   EXPECT_TRUE(ReadText(other) == content);
   EXPECT_FALSE(fs::exists(From()));
   fs::remove(other);
+}
+
+TEST_F(MovingAFile, OneThatDoesNotFitOnAnotherDiskStaysAsPrivateAsItWas) {
+  const fs::path other = OnAnotherDisk();
+  if (other.empty()) {
+    GTEST_SKIP() << kNoOtherDisk;
+  }
+  const fs::perms before = fs::status(From()).permissions();
+  const std::string content(100'000, 'x');
+  WriteText(From(), content);
+  {
+    const FileSizeLimit limit(4096);
+    const ReplaceResult moved = MoveFile(From(), other);
+    EXPECT_FALSE(moved.ok);
+    EXPECT_EQ(moved.reason, "File too large");
+  }
+  EXPECT_FALSE(fs::exists(other));
+  EXPECT_TRUE(ReadText(From()) == content);
+  EXPECT_EQ(fs::status(From()).permissions(), before);
 }
 
 TEST_F(MovingAFile, LeavesAnExistingFileAlone) {

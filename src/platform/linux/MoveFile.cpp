@@ -61,16 +61,22 @@ bool Settle(const fs::path& file, const fs::path& likeThis, std::string& reason)
 
 bool MoveOver(OutputFile& placeholder, const fs::path& from, const fs::path& to, const MoveProgress& progress,
               std::string& reason) {
-  if (!Settle(from, to, reason)) {
+  std::error_code ignored;
+  const fs::perms before = fs::status(from, ignored).permissions();
+  int error = 0;
+  if (Settle(from, to, reason)) {
+    if (rename(from.c_str(), to.c_str()) == 0) {
+      return true;
+    }
+    error = errno;
+    reason = SystemReason(error);
+  }
+  // Where it is it stays as private as it was: the copy may fail, too.
+  fs::permissions(from, before, ignored);
+  if (error != EXDEV) {
     return false;
   }
-  if (rename(from.c_str(), to.c_str()) == 0) {
-    return true;
-  }
-  if (errno != EXDEV) {
-    reason = SystemReason(errno);
-    return false;
-  }
+  reason.clear();
   return CopyInto(placeholder, from, progress, reason) && placeholder.Close(reason);
 }
 
