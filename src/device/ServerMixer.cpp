@@ -60,10 +60,16 @@ class ServerMixerDevice : public MixerDevice {
 
   bool SetSourceVolume(int destination, int source, std::int32_t value) override {
     const SoundSource* const line = Line(destination, source);
-    // The top of the slider leaves the sound as it is; the value itself would take a little off.
-    const std::uint32_t volume =
-        value >= kLoudest ? kFullVolume : static_cast<std::uint32_t>(std::max(value, 0));
-    return line != nullptr && server->SetSourceVolume(line->name, volume);
+    if (line == nullptr) {
+      return false;
+    }
+    if (value < kLoudest) {
+      return server->SetSourceVolume(line->name, static_cast<std::uint32_t>(std::max(value, 0)));
+    }
+    // The top of the slider leaves the sound as it is, where the value itself would take a little off. It
+    // stands as well for all that is louder, which stays.
+    const std::optional<std::uint32_t> present = server->SourceVolume(line->name);
+    return (present && *present >= kFullVolume) || server->SetSourceVolume(line->name, kFullVolume);
   }
 
  private:

@@ -102,6 +102,10 @@ TEST_F(TheMixer, VolumesAreOfSixteenBits) {
   EXPECT_EQ(device->SourceVolume(0, 0)->value, 65535);
   server->volume = 90'000;
   EXPECT_EQ(device->SourceVolume(0, 0)->value, 65535);
+  EXPECT_TRUE(device->SetSourceVolume(0, 0, 65535));
+  EXPECT_EQ(server->volume, 90'000U);
+  EXPECT_TRUE(device->SetSourceVolume(0, 0, 65534));
+  EXPECT_EQ(server->volume, 65534U);
   EXPECT_TRUE(device->SetSourceVolume(0, 0, -5));
   EXPECT_EQ(server->volume, 0U);
 }
