@@ -10,7 +10,9 @@ Progress ProgressOf(ProgressDisplay& display) {
 
 bool MayWrite(const std::filesystem::path& path, Prompts& prompts) {
   std::error_code ignored;
-  return !std::filesystem::exists(path, ignored) || prompts.AskYesNo(path.string() + " exists. Overwrite?");
+  // A folder of that name is no file to overwrite: whoever writes will say that it is in the way.
+  return !std::filesystem::exists(path, ignored) || std::filesystem::is_directory(path, ignored) ||
+         prompts.AskYesNo(path.string() + " exists. Overwrite?");
 }
 
 }  // namespace tembrel

@@ -71,7 +71,7 @@ class Prompts {
   virtual bool ShowsProgress() const { return false; }
 };
 
-// True when nothing stands at the path, or the user lets it be overwritten.
+// True when no file stands at the path, or the user lets it be overwritten.
 bool MayWrite(const std::filesystem::path& path, Prompts& prompts);
 
 }  // namespace tembrel

@@ -199,6 +199,19 @@ TEST_F(TransportRecording, AFailedSaveIsSaidAndTheOldFileIsStillThere) {
   EXPECT_FALSE(transport.Recording());
 }
 
+TEST_F(TransportRecording, AFolderOfThatNameIsNotAskedFor) {
+  std::filesystem::create_directory(folder / "take.WAV");
+  StartRecording();
+  AnswerName("take.wav");
+  device.saveResult = 4;
+  transport.Stop();
+  EXPECT_THAT(prompts.questions, IsEmpty());
+  EXPECT_THAT(device.calls,
+              ElementsAre("stop recording", "save take.WAV", "close recording", "close recording"));
+  EXPECT_THAT(prompts.errors, ElementsAre("The device is on fire."));
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "take.WAV"));
+}
+
 TEST_F(TransportRecording, AFolderThatMayNotBeChangedIsTheReasonThatIsSaid) {
   WriteText(folder / "take.WAV", "old");
   std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
