@@ -106,7 +106,7 @@ void RegisterPainting(const AudioClip& clip, const Raster& raster) {
     const Pen pen = PenOf(Layer::Wave, kPictureArea, true);
     TimeWork(state, clip, {.milliseconds = 3}, [&] {
       for (const Line& line : lines) {
-        DrawLine(raster, line, pen);
+        DrawLine(raster, line, ColumnPen(pen, line));
       }
     });
   });

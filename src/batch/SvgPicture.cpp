@@ -1,5 +1,6 @@
 #include "batch/SvgPicture.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string_view>
@@ -71,15 +72,15 @@ class Drawing {
       text += RectElement(item.line, PenOf(item.layer, paintArea, dense).color);
       return;
     }
-    Pen itemPen = PenOf(item.layer, paintArea, dense);
-    if (item.layer == Layer::Wave && dense) {
-      itemPen.patternStart = DashStartOfColumn(item.line.x1);
-    }
-    if (path.empty() || itemPen != pen) {
+    AddLine(item.line, PenOf(item.layer, paintArea, dense));
+  }
+
+  void AddLine(const Line& line, const Pen& linePen) {
+    if (path.empty() || linePen != pen) {
       EndPath();
-      pen = itemPen;
+      pen = linePen;
     }
-    path += SubPath(item.line);
+    path += SubPath(line);
   }
 
   std::string Take() {
@@ -104,19 +105,33 @@ class Drawing {
   std::string text;
 };
 
-// The columns of a dense waveform in three turns, one for each start of the dashes: hardly any
-// two of them touch the same pixel, so their order does not matter, and each turn is one element.
-void AddDenseWave(Drawing& drawing, std::span<const LayerLine> lines) {
-  std::array<bool, 18> done{};
-  for (const LayerLine& first : lines) {
-    const int start = DashStartOfColumn(first.line.x1);
-    if (first.layer != Layer::Wave || std::exchange(done.at(static_cast<std::size_t>(start)), true)) {
-      continue;
-    }
+// Whether the pixel that many pixels into the dashes lies well inside one. At a dash's first and last pixel
+// the dash may have no length left, and some programs leave that out.
+bool IsInsideDash(int place) {
+  return place % kDashPeriod > 0 && place % kDashPeriod < 17;
+}
+
+// The columns of a dense waveform in turns, one for each start of the dashes, and their ends last: all of
+// them have one colour, so their order does not matter, and each turn is one element.
+void AddDenseWave(Drawing& drawing, std::span<const LayerLine> lines, const Pen& wavePen) {
+  for (int start = 0; start < kDashPeriod; ++start) {
     for (const LayerLine& item : lines) {
-      if (item.layer == Layer::Wave && DashStartOfColumn(item.line.x1) == start) {
-        drawing.Add(item);
+      const Pen pen = ColumnPen(wavePen, item.line);
+      if (item.layer == Layer::Wave && pen.patternStart == start) {
+        drawing.AddLine(item.line, pen);
       }
+    }
+  }
+  Pen endPen = wavePen;
+  endPen.style = PenStyle::Solid;
+  for (const auto& [layer, line] : lines) {
+    const int start = ColumnPen(wavePen, line).patternStart;
+    const int length = std::max(line.x2 - line.x1, line.y2 - line.y1);
+    if (layer == Layer::Wave && !IsInsideDash(start)) {
+      drawing.AddLine({line.x1, line.y1, line.x1, line.y1}, endPen);
+    }
+    if (layer == Layer::Wave && length > 0 && !IsInsideDash(start + length)) {
+      drawing.AddLine({line.x2, line.y2, line.x2, line.y2}, endPen);
     }
   }
 }
@@ -131,7 +146,7 @@ std::string SvgPicture(std::span<const LayerLine> lines, const PaintArea& area, 
     }
   }
   if (denseWave) {
-    AddDenseWave(drawing, lines);
+    AddDenseWave(drawing, lines, PenOf(Layer::Wave, area, true));
   }
   const std::string width = std::to_string(area.width);
   const std::string height = std::to_string(area.height);

@@ -13,7 +13,7 @@ constexpr int kFarthest = 1 << 29;
 struct Pattern {
   std::int64_t on = 1;
   std::int64_t off = 0;
-  std::int64_t start = 0;  // pixels of the pattern that are over when a line begins; less than `on`
+  std::int64_t start = 0;  // pixels of the pattern that are over when a line begins; less than on + off
 
   bool Draws(std::int64_t index) const { return (index + start) % (on + off) < on; }
 };
@@ -22,9 +22,9 @@ Pattern PatternOf(const Pen& pen) {
   const std::int64_t scale = std::max(pen.patternScale, 1);
   switch (pen.style) {
     case PenStyle::Dash:
-      return {18 * scale, 6 * scale, std::clamp(pen.patternStart, 0, 17) * scale};
+      return {18 * scale, 6 * scale, std::max(pen.patternStart, 0) % (kDashPeriod * scale)};
     case PenStyle::Dot:
-      return {3 * scale, 3 * scale, 0};
+      return {3 * scale, 3 * scale, std::max(pen.patternStart, 0) % (6 * scale)};
     case PenStyle::Solid:
       break;
   }
@@ -129,6 +129,18 @@ void DrawSlanted(const Raster& raster, bool horizontal, const Axis& major, const
   }
 }
 
+// The line's ends where they fall into a gap.
+void DrawEnds(const Raster& raster, bool horizontal, const Axis& major, const Axis& minor, const Pen& pen) {
+  const Pattern pattern = PatternOf(pen);
+  if (!pattern.Draws(0)) {
+    FillAlong(raster, horizontal, major.from, major.from, minor.from, pen);
+  }
+  if (!pattern.Draws(major.length)) {
+    const std::int64_t end = major.from + major.direction * major.length;
+    FillAlong(raster, horizontal, end, end, minor.from + minor.direction * minor.length, pen);
+  }
+}
+
 }  // namespace
 
 PixelRect Clipped(const PixelRect& rect, int width, int height) {
@@ -174,6 +186,9 @@ void DrawLine(const Raster& raster, const Line& line, const Pen& pen) {
     DrawStraight(sound, horizontal, major, minor.from, steps, pen);
   } else {
     DrawSlanted(sound, horizontal, major, minor, steps, pen);
+  }
+  if (pen.drawsEnds) {
+    DrawEnds(sound, horizontal, major, minor, pen);
   }
 }
 

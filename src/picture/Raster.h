@@ -31,20 +31,24 @@ struct Raster {
   int stride = 0;
 };
 
+inline constexpr int kDashPeriod = 24;  // pixels of a dash and the gap after it
+
 enum class PenStyle {
   Solid,
-  Dash,  // 18 pixels on, 6 off
+  Dash,  // 18 pixels on, 6 off; kDashPeriod together
   Dot    // 3 on, 3 off
 };
 
 // Gaps leave what is below. The pattern starts anew with each line, after its first `patternStart` pixels,
-// and is counted along the line's longer side.
+// and is counted along the line's longer side. With `drawsEnds` the line's first and last pixel are drawn
+// even where the pattern has a gap.
 struct Pen {
   Rgb color = 0xFF000000;
   int thickness = 1;  // pixels, across the line's longer side
   PenStyle style = PenStyle::Solid;
   int patternScale = 1;  // pixels one pixel of the pattern stands for
-  int patternStart = 0;  // 0..17, for dashes
+  int patternStart = 0;  // at least 0; pixels of the raster, so patternScale times those of the pattern
+  bool drawsEnds = false;
 
   bool operator==(const Pen&) const = default;
 };

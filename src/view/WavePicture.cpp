@@ -26,11 +26,16 @@ Pen PenOf(Layer layer, const PaintArea& area, bool denseWave) {
   return {kWaveColor, denseWave ? 1 : thickness, PenStyle::Dash, thickness};
 }
 
-// Neighbouring columns of a dense waveform begin their dashes at different points, so that the gaps make an
-// even weave and no holes that follow the outline. Every column begins with a dash: its top is always seen.
-int DashStartOfColumn(int x) {
-  constexpr std::array kStarts{0, 12, 6};
-  return kStarts.at(static_cast<std::size_t>(std::max(x, 0)) % kStarts.size());
+// Counted from the area's top and not from the column's, or the gaps would follow the outline. The four
+// starts are a quarter of the pattern apart each, as long as a gap is, so that the gaps of four columns take
+// turns.
+Pen ColumnPen(Pen pen, const Line& line) {
+  constexpr std::array kStarts{0, 12, 6, 18};
+  const auto column = static_cast<std::size_t>(std::max(line.x1, 0));
+  const int start = kStarts.at(column % kStarts.size()) * pen.patternScale;
+  pen.patternStart = (start + std::max(line.y1, 0)) % (kDashPeriod * pen.patternScale);
+  pen.drawsEnds = true;
+  return pen;
 }
 
 void PaintPicture(const Raster& raster, const AudioClip* clip, const PaintArea& area, std::int64_t first,
@@ -51,10 +56,9 @@ void PaintPicture(const Raster& raster, const AudioClip* clip, const PaintArea& 
   }
   if (clip != nullptr) {
     const bool dense = WaveIsDense(*clip, area, first, framesOnScreen);
-    Pen pen = PenOf(Layer::Wave, area, dense);
+    const Pen pen = PenOf(Layer::Wave, area, dense);
     for (const Line& line : WaveLines(*clip, area, first, framesOnScreen)) {
-      pen.patternStart = dense ? DashStartOfColumn(line.x1) : 0;
-      DrawLine(part, line, pen);
+      DrawLine(part, line, dense ? ColumnPen(pen, line) : pen);
     }
   }
 }

@@ -22,8 +22,10 @@ inline constexpr int kCursorWidth = 3;           // logical pixels
 // are one device pixel each.
 Pen PenOf(Layer layer, const PaintArea& area, bool denseWave);
 
-// Where in the dash pattern (Pen::patternStart) the column x of a dense waveform begins.
-int DashStartOfColumn(int x);
+// The pen of one line of a dense waveform: `pen` is the layer's. The dashes of neighbouring columns are
+// shifted against each other, so that in every row one of four columns has a gap, whatever the outline; the
+// ends of each column are always drawn.
+Pen ColumnPen(Pen pen, const Line& line);
 
 // Paints the whole area into the raster's top left corner: paper, grid, waveform. Without a clip only the
 // grid, in the mono layout at 44100 Hz.

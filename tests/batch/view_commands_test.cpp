@@ -99,7 +99,15 @@ TEST_F(BatchView, WritesThePictureWithTheViewsColours) {
   EXPECT_THAT(picture, HasSubstr("stroke=\"#800040\" stroke-width=\"1\" d="));
   EXPECT_THAT(picture, HasSubstr("stroke=\"#464646\" stroke-width=\"1\" stroke-dasharray=\"2 4\" d="));
   EXPECT_THAT(picture, HasSubstr("stroke=\"#0000FF\" stroke-width=\"1\" stroke-dasharray=\"17 7\" d="));
-  EXPECT_EQ(Count(picture, "stroke=\"#0000FF\""), 3U);  // one path for each start of the dashes
+}
+
+TEST_F(BatchView, ADenseWaveIsOnePathForEachStartOfItsDashesAndOneForItsEnds) {
+  const std::string open = "open " + MakeWave("a.wav", 50000);
+  EXPECT_EQ(Printed({open, "picture " + Quoted("a.svg")}), "");
+  const std::string picture = ReadText(scratch / "a.svg");
+  EXPECT_EQ(Count(picture, "stroke=\"#0000FF\" stroke-width=\"1\" d="), 1U);
+  EXPECT_EQ(Count(picture, "stroke=\"#0000FF\" stroke-width=\"1\" stroke-dasharray=\"17 7\" d="), 1U);
+  EXPECT_EQ(Count(picture, "stroke=\"#0000FF\""), 25U);
 }
 
 TEST_F(BatchView, APictureIsNothingButASvgFile) {

@@ -116,6 +116,43 @@ TEST(Raster, DashesMayBeginInTheMiddleOfADash) {
   EXPECT_EQ(canvas.Text(), "######......##################......####\n");
 }
 
+TEST(Raster, LinesMayBeginInAGap) {
+  Canvas canvas(26, 2);
+  Pen pen{kInk, 1, PenStyle::Dash};
+  pen.patternStart = 20;
+  DrawLine(canvas.AsRaster(), {0, 0, 25, 0}, pen);
+  pen.patternStart = 20 + 3 * kDashPeriod;
+  DrawLine(canvas.AsRaster(), {0, 1, 25, 1}, pen);
+  const std::string row = "...." + std::string(18, '#') + "....\n";
+  EXPECT_EQ(canvas.Text(), row + row);
+}
+
+TEST(Raster, EndsMayBeDrawnEvenInAGap) {
+  Canvas canvas(26, 3);
+  Pen pen{kInk, 1, PenStyle::Dash};
+  pen.drawsEnds = true;
+  pen.patternStart = 20;
+  DrawLine(canvas.AsRaster(), {0, 0, 25, 0}, pen);
+  DrawLine(canvas.AsRaster(), {3, 2, 1, 2}, pen);
+  EXPECT_EQ(canvas.Text(), "#..." + std::string(18, '#') + "...#\n" + std::string(26, '.') + "\n" + ".#.#" +
+                               std::string(22, '.') + "\n");
+  Canvas slanted(5, 3);
+  DrawLine(slanted.AsRaster(), {0, 0, 4, 2}, pen);
+  EXPECT_EQ(slanted.Text(), "#....\n.....\n....#\n");
+  Canvas window(3, 1);
+  DrawLine(window.AsRaster(), {-1, 0, 3, 0}, pen);  // both ends outside
+  EXPECT_EQ(window.Text(), "...\n");
+  EXPECT_TRUE(window.SpareUntouched());
+}
+
+TEST(Raster, TheStartIsCountedInPixelsOfTheRaster) {
+  Canvas canvas(20, 1);
+  Pen pen{kInk, 1, PenStyle::Dash, 2};
+  pen.patternStart = 33;
+  DrawLine(canvas.AsRaster(), {0, 0, 19, 0}, pen);
+  EXPECT_EQ(canvas.Text(), "###" + std::string(12, '.') + "#####\n");
+}
+
 TEST(Raster, ClippingKeepsTheDashesWhereTheyAre) {
   Canvas canvas(30, 1);
   DrawLine(canvas.AsRaster(), {-10, 0, 100, 0}, {kInk, 1, PenStyle::Dash});

@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 #include <span>
 
 #include "tests/view/TestClips.h"
+#include "view/WaveLines.h"
 #include "view/WavePicture.h"
 
 namespace tembrel {
@@ -58,6 +60,68 @@ TEST(WavePicture, WaveformLiesOverTheGridInDashes) {
   EXPECT_EQ(picture.At(42, 10), kWaveColor);
   EXPECT_NE(picture.At(43, 10), kWaveColor);
   EXPECT_EQ(picture.At(0, 110), kWaveColor);
+}
+
+constexpr int kColumns = 400;
+constexpr int kFrames = kColumns * 30;  // dense
+
+// Noise whose loudness swells and fades: the columns' ends lie at all heights.
+AudioClip SwellingNoise(int swells) {
+  std::minstd_rand random(3);
+  std::vector<int> samples(kFrames);
+  for (int i = 0; i < kFrames; ++i) {
+    const int phase = static_cast<int>(std::int64_t{i} * swells * 64 / kFrames) % 64;
+    const int peak = 500 * (1 + std::min(phase, 63 - phase) * 2);
+    samples[static_cast<std::size_t>(i)] = random() % 2 == 0 ? peak : -peak;
+  }
+  return ClipOfSamples(1, samples);
+}
+
+// The gaps neither follow the outline nor leave rows out: any four neighbouring columns share one in each row
+// that lies inside all of them.
+TEST(WavePicture, TheGapsOfADenseWaveformMakeAnEvenWeave) {
+  for (const PaintArea area : {PaintArea{kColumns, 300, 1.0}, PaintArea{kColumns, 300, 2.0}}) {
+    for (const int swells : {0, 1, 5}) {
+      const AudioClip clip = SwellingNoise(swells);
+      const std::vector<Line> columns = WaveLines(clip, area, 0, kFrames);
+      ASSERT_EQ(columns.size(), std::size_t{kColumns});
+      Painted picture(area);
+      PaintPicture(picture.AsRaster(), &clip, area, 0, kFrames);
+      int judged = 0;
+      for (std::size_t x = 0; x + 4 <= columns.size(); ++x) {
+        const std::span four = std::span(columns).subspan(x, 4);
+        const int top = std::ranges::max_element(four, {}, &Line::y1)->y1;
+        const int bottom = std::ranges::min_element(four, {}, &Line::y2)->y2;
+        for (int y = top + 1; y < bottom; ++y, ++judged) {
+          const auto gaps = std::ranges::count_if(
+              four, [&](const Line& column) { return picture.At(column.x1, y) != kWaveColor; });
+          ASSERT_EQ(gaps, 1) << "column " << x << ", row " << y << ", " << swells << " swells";
+        }
+      }
+      EXPECT_GT(judged, swells == 0 ? 1000 : 10000);
+    }
+  }
+}
+
+TEST(WavePicture, TheEndsOfEveryDenseColumnArePainted) {
+  const PaintArea area{kColumns, 300, 1.0};
+  const AudioClip clip = SwellingNoise(7);
+  Painted picture(area);
+  PaintPicture(picture.AsRaster(), &clip, area, 0, kFrames);
+  for (const Line& column : WaveLines(clip, area, 0, kFrames)) {
+    EXPECT_EQ(picture.At(column.x1, column.y1), kWaveColor);
+    EXPECT_EQ(picture.At(column.x2, column.y2), kWaveColor);
+  }
+}
+
+TEST(WavePicture, ASilentStretchIsOneUnbrokenLine) {
+  const PaintArea area{kColumns, 300, 1.0};
+  const AudioClip clip = ClipOfSamples(1, std::vector<int>(kFrames, 0));
+  Painted picture(area);
+  PaintPicture(picture.AsRaster(), &clip, area, 0, kFrames);
+  for (int x = 0; x < kColumns; ++x) {
+    EXPECT_EQ(picture.At(x, 150), kWaveColor);
+  }
 }
 
 TEST(WavePicture, NothingOutsideTheAreaIsPainted) {
