@@ -1,8 +1,10 @@
 // Several documents: cascade, tile, icons, the window list, and what follows the active one.
 #include <QObject>
+#include <QToolButton>
 
 #include "tests/gui/support/Desk.h"
 #include "tests/gui/support/GuiMain.h"
+#include "tests/gui/support/Input.h"
 
 namespace tembrel::test {
 
@@ -51,6 +53,45 @@ class ArrangingWindowsTest : public QObject {
     }
     const QSize room = desk.Client().viewport()->size();
     QVERIFY(area > room.width() * room.height() * 9 / 10);
+  }
+
+  void AWindowCannotBePulledSmallerThanItsTools() {
+    Desk desk;
+    desk.OpenWave("a.wav", 100);
+    QMdiSubWindow& child = *desk.ActiveChild();
+    const QPointF corner = QPointF(child.rect().bottomRight()) - QPointF(1, 1);
+    SendMouse(child, QEvent::MouseMove, corner, Qt::NoButton);
+    SendMouse(child, QEvent::MouseButtonPress, corner);
+    SendMouse(child, QEvent::MouseMove, {20.0, 40.0});
+    SendMouse(child, QEvent::MouseButtonRelease, {20.0, 40.0});
+    QCOMPARE(child.size(), child.minimumSizeHint());
+    int buttons = 0;
+    for (const QToolButton* button : desk.Active()->findChildren<QToolButton*>()) {
+      QVERIFY(desk.Active()->rect().contains(button->geometry()));
+      ++buttons;
+    }
+    QCOMPARE(buttons, 11);  // eight tools, three zoom buttons
+    QVERIFY(desk.View().height() >= 72);
+    QVERIFY(desk.View().width() >= 120);
+  }
+
+  void NineDocumentsCanBeTiledInASmallFrame() {
+    Desk desk;
+    desk.Frame().resize(640, 420);
+    for (int i = 0; i < 9; ++i) {
+      desk.OpenWave(std::to_string(i) + ".wav", 50);
+    }
+    desk.Run(kCommandTile);
+    const QList<QMdiSubWindow*> children = desk.Children();
+    for (int i = 0; i < 9; ++i) {
+      const QSize least = children.at(i)->minimumSizeHint();
+      // Qt rounds the rows of tiles up, at the cost of the last one.
+      QVERIFY(children.at(i)->width() >= least.width());
+      QVERIFY(children.at(i)->height() >= least.height() - 2);
+      for (int j = i + 1; j < 9; ++j) {
+        QVERIFY(!children.at(i)->geometry().intersects(children.at(j)->geometry()));
+      }
+    }
   }
 
   void IconsAreArrangedAlongTheBottom() {

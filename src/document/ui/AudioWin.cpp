@@ -27,6 +27,8 @@ constexpr int kBarSize = 17;
 constexpr int kIconSize = 15;
 constexpr int kToolRow = 16;  // height of the tool buttons' row; the scroll bar begins below it
 constexpr int kViewTop = 55;
+constexpr int kLeastViewWidth = 120;  // one time mark
+constexpr int kLeastViewHeight = 72;  // three levels a channel
 
 QString ToText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -186,6 +188,11 @@ void AudioWin::RefreshTitle() {
   QString shown = title;
   setWindowTitle(shown.replace("[*]", "[*][*]") + "[*]");
   setWindowModified(document.Changed());
+}
+
+QSize AudioWin::minimumSizeHint() const {
+  return {DecibalWin::kWidth - 1 + kLeastViewWidth + kBarSize,
+          kViewTop + kLeastViewHeight + RulerWindow::kHeight};
 }
 
 void AudioWin::LayOut() {

@@ -44,7 +44,8 @@ class AudioWin : public QWidget, private DocumentListener {
   void RefreshTitle();
 
   QSize sizeHint() const override { return {624, 310}; }
-  QSize minimumSizeHint() const override { return {120, 100}; }
+  // Room for all tools and buttons, and for a view in which something can be seen.
+  QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
   void statusTextsChanged(const tembrel::StatusTexts& texts);
