@@ -47,6 +47,12 @@ class ScrollBarTest : public QObject {
   }
 
  private Q_SLOTS:
+  void OneThatHasBeenToldNothingHasNothingToScroll() {
+    const TMyScrollBar bar(Qt::Horizontal, nullptr);
+    QVERIFY(bar.pageStep() > 100 * bar.maximum());
+    QCOMPARE(bar.value(), 0);
+  }
+
   void ItHasTheStatedIdRangeAndPlace() {
     Desk desk;
     desk.OpenWave();

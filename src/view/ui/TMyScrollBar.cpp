@@ -16,6 +16,7 @@ constexpr int kLongestPage = 100000;
 TMyScrollBar::TMyScrollBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent) {
   setObjectName("TMyScrollBar");
   setRange(0, kEnd);
+  ShowPosition(0, 1.0);
   setTracking(false);
   setFocusPolicy(Qt::NoFocus);
   setContextMenuPolicy(Qt::NoContextMenu);
