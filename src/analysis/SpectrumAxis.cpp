@@ -5,7 +5,6 @@
 #include "analysis/BinMarks.h"
 #include "analysis/NoteBands.h"
 #include "analysis/Spectrum.h"
-#include "picture/AxisLabel.h"
 
 namespace tembrel {
 
@@ -26,9 +25,10 @@ PixelRect BoxAround(int x, const PaintArea& area) {
 
 }  // namespace
 
-SpectrumAxis AxisOf(const PaintArea& area, std::uint32_t rate, const SpectrumView& view) {
+AxisMarks AxisOf(const PaintArea& area, std::uint32_t rate, const SpectrumView& view) {
   const int top = area.Scaled(kTextTop);
-  SpectrumAxis axis;
+  AxisMarks axis;
+  axis.unit = "Hz";
   axis.unitBox = {0, top, area.Scaled(kUnitWidth), std::max(area.height - top, 0)};
   for (const BinMark& mark :
        BinMarks({view.FirstBin(), view.VisibleBins(), area.width, area.LogicalWidth()})) {

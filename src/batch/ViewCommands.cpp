@@ -86,12 +86,12 @@ Failure Ticks(BatchSession& session, const Arguments& arguments) {
   const BatchDocument& document = session.Current();
   const EditView& view = document.View();
   const PaintArea area{view.ClientWidth(), kRulerHeight, 1.0};
-  const RulerMarks marks =
+  const AxisMarks marks =
       arguments.Text(0) == "time"
           ? TimeRuler(area, view.Rate().value_or(0), view.FirstVisibleFrame(), view.FramesOnScreen())
           : SampleRuler(area, view.FirstVisibleFrame(), view.FramesOnScreen());
   session.Output() << "x,label\n";
-  for (const RulerTick& tick : marks.ticks) {
+  for (const AxisTick& tick : marks.ticks) {
     session.Output() << tick.line.x1 << "," << tick.label << "\n";
   }
   return kSucceeded;

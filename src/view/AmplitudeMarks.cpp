@@ -1,8 +1,10 @@
 #include "view/AmplitudeMarks.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 #include "view/LevelRows.h"
 
@@ -14,6 +16,7 @@ constexpr int kLabelOffset = 4;  // in stereo the labels lie a pixel lower than 
 constexpr int kLabelLeft = 25;   // from the right edge, logical pixels, as the next two
 constexpr int kLabelRight = 5;
 constexpr int kLabelHeight = 7;
+constexpr int kLabelGap = 1;  // between two texts
 constexpr double kCrowdedSpacing = 13;
 
 std::string LevelText(int level) {
@@ -44,6 +47,21 @@ std::vector<AmplitudeLabel> AmplitudeLabels(const PaintArea& area, bool stereo) 
     }
   }
   return labels;
+}
+
+std::vector<AmplitudeLabel> ReadableLabels(std::vector<AmplitudeLabel> labels, const PaintArea& area,
+                                           int textHeight) {
+  std::vector<AmplitudeLabel> readable;
+  int free = 0;
+  for (AmplitudeLabel& label : labels) {
+    const int bottom = std::max(label.box.y + label.box.height, textHeight);
+    if (bottom - textHeight >= free && bottom <= area.height) {
+      free = bottom + area.Scaled(kLabelGap);
+      label.box.y = bottom - label.box.height;
+      readable.push_back(std::move(label));
+    }
+  }
+  return readable;
 }
 
 }  // namespace tembrel

@@ -21,4 +21,10 @@ struct AmplitudeLabel {
 // 13 logical pixels apart, only the first, the middle and the last of each channel.
 std::vector<AmplitudeLabel> AmplitudeLabels(const PaintArea& area, bool stereo);
 
+// What can be read of `labels` when the digits are `textHeight` device pixels high: a text that the area's
+// top would cut is moved down into it, box and all, and from top to bottom a text that would touch the one
+// above it or does not fit into the area is left out.
+std::vector<AmplitudeLabel> ReadableLabels(std::vector<AmplitudeLabel> labels, const PaintArea& area,
+                                           int textHeight);
+
 }  // namespace tembrel

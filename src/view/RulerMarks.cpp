@@ -24,7 +24,7 @@ class RulerBuilder {
   RulerBuilder(const PaintArea& rulerArea, std::string_view unit, int unitWidth) : area(rulerArea) {
     tickTop = std::max(area.height - area.Scaled(kTickHeight), 0);
     ruler.unit = unit;
-    ruler.unitBox = {0, 0, area.Scaled(unitWidth), std::max(area.height, 0)};
+    ruler.unitBox = {0, 0, area.Scaled(unitWidth), tickTop};  // as high as the labels, on one line with them
   }
 
   void Add(std::int64_t x, std::string label) {
@@ -36,7 +36,7 @@ class RulerBuilder {
     ruler.ticks.push_back({{column, tickTop, column, area.height - 1}, BoxAround(column), std::move(label)});
   }
 
-  RulerMarks Take() { return std::move(ruler); }
+  AxisMarks Take() { return std::move(ruler); }
 
  private:
   PixelRect BoxAround(int x) const {
@@ -46,7 +46,7 @@ class RulerBuilder {
 
   const PaintArea& area;
   int tickTop;
-  RulerMarks ruler;
+  AxisMarks ruler;
 };
 
 int DecimalsOf(double step) {
@@ -83,8 +83,8 @@ std::int64_t SampleStep(std::int64_t raw) {
   return step;
 }
 
-RulerMarks TimeRuler(const PaintArea& area, std::uint32_t rate, std::int64_t first,
-                     std::int64_t framesOnScreen) {
+AxisMarks TimeRuler(const PaintArea& area, std::uint32_t rate, std::int64_t first,
+                    std::int64_t framesOnScreen) {
   RulerBuilder ruler(area, "sec", kTimeUnitWidth);
   if (area.height > 0) {
     const TimeMarks marks = MarksOf({rate, first, framesOnScreen, area.width, area.LogicalWidth()});
@@ -95,7 +95,7 @@ RulerMarks TimeRuler(const PaintArea& area, std::uint32_t rate, std::int64_t fir
   return ruler.Take();
 }
 
-RulerMarks SampleRuler(const PaintArea& area, std::int64_t first, std::int64_t framesOnScreen) {
+AxisMarks SampleRuler(const PaintArea& area, std::int64_t first, std::int64_t framesOnScreen) {
   constexpr std::int64_t kLimit = std::int64_t{1} << 40;
   RulerBuilder ruler(area, "sample", kSampleUnitWidth);
   if (area.width <= 0 || area.height <= 0 || framesOnScreen <= 0) {

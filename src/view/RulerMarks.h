@@ -4,9 +4,8 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
-#include <vector>
 
+#include "picture/AxisLabel.h"
 #include "picture/Picture.h"
 #include "picture/Raster.h"
 
@@ -14,21 +13,6 @@ namespace tembrel {
 
 inline constexpr Rgb kRulerPaperColor = 0xFFBEBEBE;  // 190, 190, 190; the amplitude scale's too
 inline constexpr Rgb kRulerTextColor = 0xFF000000;
-
-// Device pixels.
-struct RulerTick {
-  Line line;
-  PixelRect box;  // the label is centred in it; it may stick out of the ruler
-  std::string label;
-
-  bool operator==(const RulerTick&) const = default;
-};
-
-struct RulerMarks {
-  std::string_view unit;
-  PixelRect unitBox;  // the unit is centred in it
-  std::vector<RulerTick> ticks;
-};
 
 // `step` as TimeStep gives it: the seconds with no decimals for whole seconds, one down to 0.1, two down to
 // 0.01, three down to 0.0005, four below. A point whatever the locale.
@@ -40,9 +24,10 @@ std::int64_t SampleStep(std::int64_t raw);
 
 // `area` is the ruler's; `first` and `framesOnScreen` are the view's, `rate` in hertz (0: no clip). Ticks
 // stand right of the 50th logical pixel only, so that nothing overwrites the unit, and no two on one pixel. A
-// ruler of no size or a view of no frames has no ticks.
-RulerMarks TimeRuler(const PaintArea& area, std::uint32_t rate, std::int64_t first,
-                     std::int64_t framesOnScreen);
-RulerMarks SampleRuler(const PaintArea& area, std::int64_t first, std::int64_t framesOnScreen);
+// ruler of no size or a view of no frames has no ticks. Every tick has its label, also where labels are too
+// close to be read; texts are centred in their boxes both ways.
+AxisMarks TimeRuler(const PaintArea& area, std::uint32_t rate, std::int64_t first,
+                    std::int64_t framesOnScreen);
+AxisMarks SampleRuler(const PaintArea& area, std::int64_t first, std::int64_t framesOnScreen);
 
 }  // namespace tembrel

@@ -16,7 +16,7 @@ using Labels = std::vector<std::pair<int, std::string>>;
 
 Labels LabelsOf(const PaintArea& area, std::uint32_t rate, const SpectrumView& view) {
   Labels labels;
-  for (const SpectrumTick& tick : AxisOf(area, rate, view).ticks) {
+  for (const AxisTick& tick : AxisOf(area, rate, view).ticks) {
     labels.emplace_back(tick.line.x1, tick.label);
   }
   return labels;
@@ -74,7 +74,7 @@ TEST(SpectrumAxis, NoTickStandsInTheFirst60Pixels) {
 
 TEST(SpectrumAxis, ABoxIsTwentyPixelsToBothSidesAndMovesInAtTheRightEnd) {
   // Every 128 / 4 bins over 513 pixels: the last tick at 384.
-  const SpectrumAxis inside = AxisOf({513, 17}, 44100, At(1, 0));
+  const AxisMarks inside = AxisOf({513, 17}, 44100, At(1, 0));
   EXPECT_EQ(inside.ticks.at(0).box, (PixelRect{108, 4, 40, 13}));
   EXPECT_EQ(inside.ticks.at(0).line, (Line{128, 0, 128, 3}));
   // 128 bins from 898 on are not to be had by the thumb; by the marker they are. Step 32: 896, 928, ... 1024.
@@ -82,25 +82,25 @@ TEST(SpectrumAxis, ABoxIsTwentyPixelsToBothSidesAndMovesInAtTheRightEnd) {
   while (view.FirstBin() < 894) {
     view.MoveMarker(MarkerMove::Right);
   }
-  const SpectrumTick last = AxisOf({480, 17}, 44100, view).ticks.back();
+  const AxisTick last = AxisOf({480, 17}, 44100, view).ticks.back();
   EXPECT_EQ(last.line.x1, 367);  // bin 992
   EXPECT_EQ(last.box, (PixelRect{347, 4, 40, 13}));
   view.MoveMarker(MarkerMove::First);
   while (view.FirstBin() < 868) {
     view.MoveMarker(MarkerMove::Right);
   }
-  const SpectrumTick out = AxisOf({480, 17}, 44100, view).ticks.back();
+  const AxisTick out = AxisOf({480, 17}, 44100, view).ticks.back();
   EXPECT_EQ(out.line.x1, 465);                      // 124 × 480 / 128
   EXPECT_EQ(out.box, (PixelRect{445, 4, 27, 13}));  // 40 - 40 / 3
 }
 
 TEST(SpectrumAxis, TheUnitStandsInTheFirst40Pixels) {
   EXPECT_EQ(AxisOf({480, 17}, 44100, SpectrumView()).unitBox, (PixelRect{0, 4, 40, 13}));
-  EXPECT_EQ(kSpectrumAxisUnit, "Hz");
+  EXPECT_EQ(AxisOf({480, 17}, 44100, SpectrumView()).unit, "Hz");
 }
 
 TEST(SpectrumAxis, AllDistancesGrowWithTheScreensPixels) {
-  const SpectrumAxis axis = AxisOf({960, 34, 2.0}, 44100, SpectrumView());
+  const AxisMarks axis = AxisOf({960, 34, 2.0}, 44100, SpectrumView());
   EXPECT_EQ(axis.unitBox, (PixelRect{0, 8, 80, 26}));
   EXPECT_EQ(LabelsOf({960, 34, 2.0}, 44100, SpectrumView()),
             (Labels{{240, "1378"}, {480, "2756"}, {720, "4134"}}));

@@ -62,6 +62,15 @@ int TextRows(const QImage& picture) {
   return count;
 }
 
+// How many pixels of a column are not paper.
+int Ink(const QImage& picture, int column) {
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    count += picture.pixel(column, y) != kRulerPaperColor ? 1 : 0;
+  }
+  return count;
+}
+
 class PaintCounter : public QObject {
  public:
   int paints = 0;
@@ -197,6 +206,33 @@ class RulersAndControlsTest : public QObject {
     QCOMPARE(TextRows(OnScreen(Part(desk, "DecibalWin"))), 6);
     desk.ActiveChild()->setGeometry(0, 0, 624, 450);
     QCOMPARE(TextRows(OnScreen(Part(desk, "DecibalWin"))), 22);
+  }
+
+  // A number that lost its last digits at the edge would be another number.
+  void TheRulersCutNoNumberOff() {
+    Desk desk;
+    desk.OpenWave("a.wav", kFrames);
+    int labels = 0;
+    for (int width = 200; width < 700; width += 7) {
+      desk.ActiveChild()->resize(width, 300);
+      const QImage samples = OnScreen(SampleRulerOf(desk));
+      const QImage times = OnScreen(TimeRulerOf(desk));
+      for (const QImage& text : {samples.copy(0, 0, samples.width(), samples.height() - 4),
+                                 times.copy(0, 4, times.width(), times.height() - 4)}) {
+        QCOMPARE(Ink(text, text.width() - 1), 0);
+        labels += Ink(text, text.width() / 2);
+      }
+    }
+    QVERIFY(labels > 0);
+  }
+
+  void TheAmplitudeScaleOfALowWindowHasItsThreeLevels() {
+    Desk desk;
+    desk.OpenWave("stereo.wav", 1000, 16, 2);
+    desk.ActiveChild()->resize(desk.ActiveChild()->minimumSizeHint());
+    const QImage scale = OnScreen(Part(desk, "DecibalWin"));
+    QVERIFY(scale.height() < 100);
+    QCOMPARE(TextRows(scale), 6);
   }
 
   void TheCounterTellsFrameAndSeconds() {

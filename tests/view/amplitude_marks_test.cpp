@@ -84,5 +84,49 @@ TEST(AmplitudeLabels, AreasOfNoSizeHaveNone) {
   EXPECT_TRUE(AmplitudeLabels({40, 0, 1.0}, true).empty());
 }
 
+TEST(ReadableAmplitudeLabels, WhereThereIsRoomTheyAreTheStatedOnes) {
+  for (const bool stereo : {false, true}) {
+    for (const int height : {155, 175, 234, 400}) {
+      const PaintArea area{40, height, 1.0};
+      EXPECT_EQ(ReadableLabels(AmplitudeLabels(area, stereo), area, 7), AmplitudeLabels(area, stereo));
+    }
+  }
+}
+
+TEST(ReadableAmplitudeLabels, TheTopOneIsHeldInsideTheWindow) {
+  const PaintArea area{40, 72, 1.0};
+  EXPECT_EQ(AmplitudeLabels(area, false).front().box, (PixelRect{15, -4, 20, 7}));
+  const auto labels = ReadableLabels(AmplitudeLabels(area, false), area, 7);
+  EXPECT_EQ(TextsOf(labels), (Texts{"1.0", "0.0", "-1.0"}));
+  EXPECT_EQ(labels.front().box, (PixelRect{15, 0, 20, 7}));
+  EXPECT_EQ(labels.back(), AmplitudeLabels(area, false).back());
+}
+
+TEST(ReadableAmplitudeLabels, NoTextTouchesAnotherOrTheEdges) {
+  for (const bool stereo : {false, true}) {
+    for (const double scale : {1.0, 2.0}) {
+      for (int height = 1; height < 500; ++height) {
+        const PaintArea area{40, height, scale};
+        const int textHeight = area.Scaled(7);
+        int free = 0;
+        const auto labels = ReadableLabels(AmplitudeLabels(area, stereo), area, textHeight);
+        for (const int bottom : Bottoms(labels)) {
+          ASSERT_GE(bottom - textHeight, free) << height;
+          ASSERT_LE(bottom, height);
+          free = bottom + area.Scaled(1);
+        }
+        ASSERT_EQ(labels.empty(), height < textHeight) << height;
+      }
+    }
+  }
+}
+
+// The least height of a document window's view.
+TEST(ReadableAmplitudeLabels, ThreeLevelsAChannelFitIntoSeventyTwoPixels) {
+  const PaintArea area{40, 72, 1.0};
+  EXPECT_EQ(TextsOf(ReadableLabels(AmplitudeLabels(area, true), area, 7)),
+            (Texts{"1.0", "0.0", "-1.0", "1.0", "0.0", "-1.0"}));
+}
+
 }  // namespace
 }  // namespace tembrel

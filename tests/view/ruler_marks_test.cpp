@@ -7,18 +7,18 @@
 namespace tembrel {
 namespace {
 
-std::vector<int> Columns(const RulerMarks& ruler) {
+std::vector<int> Columns(const AxisMarks& ruler) {
   std::vector<int> columns;
-  for (const RulerTick& tick : ruler.ticks) {
+  for (const AxisTick& tick : ruler.ticks) {
     EXPECT_EQ(tick.line.x1, tick.line.x2);
     columns.push_back(tick.line.x1);
   }
   return columns;
 }
 
-std::vector<std::string> Labels(const RulerMarks& ruler) {
+std::vector<std::string> Labels(const AxisMarks& ruler) {
   std::vector<std::string> labels;
-  for (const RulerTick& tick : ruler.ticks) {
+  for (const AxisTick& tick : ruler.ticks) {
     labels.push_back(tick.label);
   }
   return labels;
@@ -44,7 +44,7 @@ TEST(TimeLabel, DecimalsFollowTheStep) {
 }
 
 TEST(TimeRuler, OneSecondOverSixHundredPixelsIsMarkedInTenths) {
-  const RulerMarks ruler = TimeRuler({600, 17, 1.0}, 44100, 0, 44100);
+  const AxisMarks ruler = TimeRuler({600, 17, 1.0}, 44100, 0, 44100);
   EXPECT_EQ(Columns(ruler), (std::vector<int>{60, 120, 180, 240, 300, 360, 420, 480, 540}));
   EXPECT_EQ(Labels(ruler), (Texts{"0.1", "0.2", "0.3", "0.4", "0.5", "0.6", "0.7", "0.8", "0.9"}));
 }
@@ -59,9 +59,9 @@ TEST(TimeRuler, ExactlyOneSecondAMarkGivesHalves) {
 }
 
 TEST(TimeRuler, TheUnitStandsInTheLeftmostThirtyPixels) {
-  const RulerMarks ruler = TimeRuler({600, 17, 1.0}, 44100, 0, 44100);
+  const AxisMarks ruler = TimeRuler({600, 17, 1.0}, 44100, 0, 44100);
   EXPECT_EQ(ruler.unit, "sec");
-  EXPECT_EQ(ruler.unitBox, (PixelRect{0, 0, 30, 17}));
+  EXPECT_EQ(ruler.unitBox, (PixelRect{0, 0, 30, 13}));
 }
 
 TEST(TimeRuler, OnlyTicksRightOfTheFiftiethPixelAreDrawn) {
@@ -71,7 +71,7 @@ TEST(TimeRuler, OnlyTicksRightOfTheFiftiethPixelAreDrawn) {
 }
 
 TEST(TimeRuler, LabelsAreCentredOnTheirTicks) {
-  const RulerTick tick = TimeRuler({600, 17, 1.0}, 44100, 0, 44100).ticks.front();
+  const AxisTick tick = TimeRuler({600, 17, 1.0}, 44100, 0, 44100).ticks.front();
   EXPECT_EQ(tick.box.x, 40);
   EXPECT_EQ(tick.box.width, 40);
   EXPECT_GE(tick.box.y, 0);
@@ -80,17 +80,17 @@ TEST(TimeRuler, LabelsAreCentredOnTheirTicks) {
 }
 
 TEST(TimeRuler, ABoxStickingOutOnTheRightLosesAThird) {
-  const RulerTick last = TimeRuler({600, 17, 1.0}, 6000, 200, 6000).ticks.back();
+  const AxisTick last = TimeRuler({600, 17, 1.0}, 6000, 200, 6000).ticks.back();
   EXPECT_EQ(last.line.x1, 580);
   EXPECT_EQ(last.box, (PixelRect{560, 0, 40, 13}));
-  const RulerTick beyond = TimeRuler({600, 17, 1.0}, 6000, 190, 6000).ticks.back();
+  const AxisTick beyond = TimeRuler({600, 17, 1.0}, 6000, 190, 6000).ticks.back();
   EXPECT_EQ(beyond.line.x1, 581);
   EXPECT_EQ(beyond.box, (PixelRect{561, 0, 27, 13}));
 }
 
 TEST(TimeRuler, TicksStandOverTheGridsTimeLines) {
   for (std::int64_t first = 0; first < 3000; first += 7) {
-    const RulerMarks ruler = TimeRuler({593, 17, 1.0}, 44100, first, 20'000);
+    const AxisMarks ruler = TimeRuler({593, 17, 1.0}, 44100, first, 20'000);
     std::vector<int> expected;
     for (const TimeMark& mark : MarksOf({44100, first, 20'000, 593, 593}).marks) {
       if (mark.x > 50) {
@@ -107,11 +107,20 @@ TEST(TimeRuler, WithoutAClipTimeRunsAtFortyFourOne) {
 }
 
 TEST(TimeRuler, EverythingGrowsWithTheScale) {
-  const RulerMarks ruler = TimeRuler({1200, 34, 2.0}, 44100, 0, 44100);
-  EXPECT_EQ(ruler.unitBox, (PixelRect{0, 0, 60, 34}));
+  const AxisMarks ruler = TimeRuler({1200, 34, 2.0}, 44100, 0, 44100);
+  EXPECT_EQ(ruler.unitBox, (PixelRect{0, 0, 60, 26}));
   EXPECT_EQ(Columns(ruler), (std::vector<int>{120, 240, 360, 480, 600, 720, 840, 960, 1080}));
   EXPECT_EQ(ruler.ticks.front().box, (PixelRect{80, 0, 80, 26}));
   EXPECT_EQ(TickPen({1200, 34, 2.0}).thickness, 2);
+}
+
+TEST(TimeRuler, TheUnitStandsOnOneLineWithTheLabels) {
+  for (const PaintArea area : {PaintArea{600, 17, 1.0}, PaintArea{900, 26, 1.5}}) {
+    for (const AxisMarks& ruler : {TimeRuler(area, 44100, 0, 44100), SampleRuler(area, 0, 44100)}) {
+      EXPECT_EQ(ruler.unitBox.y, ruler.ticks.front().box.y);
+      EXPECT_EQ(ruler.unitBox.height, ruler.ticks.front().box.height);
+    }
+  }
 }
 
 TEST(TimeRuler, WithoutSizeOrFramesItHasNoTicks) {
@@ -142,11 +151,11 @@ TEST(SampleStep, IsTheLargestStrictlyBelowTheWish) {
 
 TEST(SampleRuler, MarksFramesFromAMultipleOfTheStepOn) {
   // 600 pixels make five divisions: a wish of 11 frames.
-  const RulerMarks ruler = SampleRuler({600, 17, 1.0}, 103, 55);
+  const AxisMarks ruler = SampleRuler({600, 17, 1.0}, 103, 55);
   EXPECT_EQ(Labels(ruler), (Texts{"110", "120", "130", "140", "150"}));
   EXPECT_EQ(Columns(ruler), (std::vector<int>{76, 185, 294, 403, 512}));
   EXPECT_EQ(ruler.unit, "sample");
-  EXPECT_EQ(ruler.unitBox, (PixelRect{0, 0, 40, 17}));
+  EXPECT_EQ(ruler.unitBox, (PixelRect{0, 0, 40, 13}));
 }
 
 TEST(SampleRuler, WishIsAWholeNumberOfFrames) {
@@ -160,9 +169,9 @@ TEST(SampleRuler, ANarrowRulerHasOneDivision) {
 }
 
 TEST(SampleRuler, TicksDoNotDriftOverALongView) {
-  const RulerMarks ruler = SampleRuler({599, 17, 1.0}, 0, 158'760'000);
+  const AxisMarks ruler = SampleRuler({599, 17, 1.0}, 0, 158'760'000);
   ASSERT_FALSE(ruler.ticks.empty());
-  for (const RulerTick& tick : ruler.ticks) {
+  for (const AxisTick& tick : ruler.ticks) {
     EXPECT_EQ(tick.line.x1, std::stoll(tick.label) * 599 / 158'760'000);
   }
 }
@@ -173,6 +182,24 @@ TEST(SampleRuler, NoTwoTicksShareAPixel) {
   for (std::size_t i = 1; i < columns.size(); ++i) {
     EXPECT_LT(columns[i - 1], columns[i]);
   }
+}
+
+// An hour in the first document window: a tick every 17 pixels, whose labels are 56 and 63 wide.
+TEST(SampleRuler, TheLabelsOfAnHourStandApart) {
+  const PaintArea area{564, 17, 1.0};
+  const auto widthOf = [](std::string_view text) { return static_cast<int>(text.size()) * 7; };
+  AxisMarks ruler = SampleRuler(area, 0, 158'760'000);
+  const std::vector<int> columns = Columns(ruler);
+  LeaveOutUnreadableLabels(ruler, area, widthOf);
+  EXPECT_EQ(Columns(ruler), columns);
+  Texts left;
+  for (const std::string& label : Labels(ruler)) {
+    if (!label.empty()) {
+      left.push_back(label);
+    }
+  }
+  EXPECT_EQ(left,
+            (Texts{"25000000", "45000000", "65000000", "85000000", "105000000", "125000000", "145000000"}));
 }
 
 }  // namespace

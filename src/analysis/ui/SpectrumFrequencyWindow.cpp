@@ -17,6 +17,10 @@ QRect ToRect(const PixelRect& rect) {
   return {rect.x, rect.y, rect.width, rect.height};
 }
 
+QString ToText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 }  // namespace
 
 SpectrumFrequencyWindow::SpectrumFrequencyWindow(const Spectrum& shownSpectrum, const SpectrumView& shownView,
@@ -37,18 +41,19 @@ void SpectrumFrequencyWindow::paintEvent(QPaintEvent* /*event*/) {
   }
   const Raster raster = RasterOf(image);
   Fill(raster, kSpectrumAxisPaperColor);
-  const SpectrumAxis axis = AxisOf(area, spectrum.rate, view);
-  for (const SpectrumTick& tick : axis.ticks) {
+  AxisMarks axis = AxisOf(area, spectrum.rate, view);
+  for (const AxisTick& tick : axis.ticks) {
     DrawLine(raster, tick.line, TickPen(area));
   }
   painter.drawImage(0, 0, image);
   painter.setFont(ControlFont(kFontHeight, area));
   painter.setPen(QColor::fromRgb(kSpectrumTextColor));
-  const QString unit =
-      QString::fromUtf8(kSpectrumAxisUnit.data(), static_cast<qsizetype>(kSpectrumAxisUnit.size()));
-  painter.drawText(ToRect(axis.unitBox), kTextPlace, unit);
-  for (const SpectrumTick& tick : axis.ticks) {
-    painter.drawText(ToRect(tick.box), kTextPlace, QString::fromStdString(tick.label));
+  const QFontMetrics metrics = painter.fontMetrics();
+  LeaveOutUnreadableLabels(axis, area,
+                           [&](std::string_view text) { return metrics.horizontalAdvance(ToText(text)); });
+  painter.drawText(ToRect(axis.unitBox), kTextPlace, ToText(axis.unit));
+  for (const AxisTick& tick : axis.ticks) {
+    painter.drawText(ToRect(tick.box), kTextPlace, ToText(tick.label));
   }
 }
 

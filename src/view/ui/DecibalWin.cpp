@@ -34,9 +34,12 @@ void DecibalWin::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(QRect(0, 0, area.width, area.height), QColor::fromRgb(kRulerPaperColor));
   painter.setFont(ControlFont(kFontHeight, area));
   painter.setPen(QColor::fromRgb(kRulerTextColor));
-  for (const AmplitudeLabel& label : AmplitudeLabels(area, stereo)) {
-    painter.drawText(QRect(label.box.x, label.box.y, label.box.width, label.box.height),
-                     Qt::AlignRight | Qt::AlignBottom | Qt::TextDontClip, QString::fromStdString(label.text));
+  // The digits, which have no descent, stand on their boxes' bottom.
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int textHeight = metrics.tightBoundingRect("0123456789").height();
+  for (const auto& [box, text] : ReadableLabels(AmplitudeLabels(area, stereo), area, textHeight)) {
+    const QString shown = QString::fromStdString(text);
+    painter.drawText(box.x + box.width - metrics.horizontalAdvance(shown), box.y + box.height, shown);
   }
 }
 

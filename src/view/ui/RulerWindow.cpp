@@ -21,10 +21,10 @@ QString ToText(std::string_view text) {
 }
 
 // The marks upside down.
-void Flip(RulerMarks& marks, int height) {
+void Flip(AxisMarks& marks, int height) {
   const auto FlipBox = [height](PixelRect& box) { box.y = height - box.y - box.height; };
   FlipBox(marks.unitBox);
-  for (RulerTick& tick : marks.ticks) {
+  for (AxisTick& tick : marks.ticks) {
     tick.line.y1 = height - 1 - tick.line.y1;
     tick.line.y2 = height - 1 - tick.line.y2;
     FlipBox(tick.box);
@@ -58,11 +58,11 @@ void RulerWindow::paintEvent(QPaintEvent* /*event*/) {
   }
   const Raster raster = RasterOf(image);
   Fill(raster, kRulerPaperColor);
-  RulerMarks marks = Marks(area);
+  AxisMarks marks = Marks(area);
   if (IsBelowView()) {
     Flip(marks, area.height);
   }
-  for (const RulerTick& tick : marks.ticks) {
+  for (const AxisTick& tick : marks.ticks) {
     DrawLine(raster, tick.line, TickPen(area));
   }
   if (mouseFrame) {
@@ -73,8 +73,11 @@ void RulerWindow::paintEvent(QPaintEvent* /*event*/) {
   painter.drawImage(0, 0, image);
   painter.setFont(ControlFont(kFontHeight, area));
   painter.setPen(QColor::fromRgb(kRulerTextColor));
+  const QFontMetrics metrics = painter.fontMetrics();
+  LeaveOutUnreadableLabels(marks, area,
+                           [&](std::string_view text) { return metrics.horizontalAdvance(ToText(text)); });
   painter.drawText(ToRect(marks.unitBox), Qt::AlignCenter, ToText(marks.unit));
-  for (const RulerTick& tick : marks.ticks) {
+  for (const AxisTick& tick : marks.ticks) {
     painter.drawText(ToRect(tick.box), Qt::AlignCenter | Qt::TextDontClip, ToText(tick.label));
   }
 }
@@ -82,7 +85,7 @@ void RulerWindow::paintEvent(QPaintEvent* /*event*/) {
 AudioTimeWindow::AudioTimeWindow(const EditView& shownView, const Document& shownDocument, QWidget* parent)
     : RulerWindow(shownView, "AudioTimeWindow", "Time ruler", parent), document(shownDocument) {}
 
-RulerMarks AudioTimeWindow::Marks(const PaintArea& area) const {
+AxisMarks AudioTimeWindow::Marks(const PaintArea& area) const {
   const AudioClip* clip = document.Clip();
   return TimeRuler(area, clip == nullptr ? 0 : clip->format.nSamplesPerSec, View().FirstVisibleFrame(),
                    View().FramesOnScreen());
@@ -91,7 +94,7 @@ RulerMarks AudioTimeWindow::Marks(const PaintArea& area) const {
 AudioSamplesWindow::AudioSamplesWindow(const EditView& shownView, QWidget* parent)
     : RulerWindow(shownView, "AudioSamplesWindow", "Sample ruler", parent) {}
 
-RulerMarks AudioSamplesWindow::Marks(const PaintArea& area) const {
+AxisMarks AudioSamplesWindow::Marks(const PaintArea& area) const {
   return SampleRuler(area, View().FirstVisibleFrame(), View().FramesOnScreen());
 }
 

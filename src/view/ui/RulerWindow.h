@@ -25,7 +25,7 @@ class RulerWindow : public QWidget {
   RulerWindow(const EditView& shownView, const char* name, const char* description, QWidget* parent);
 
   const EditView& View() const { return view; }
-  virtual RulerMarks Marks(const PaintArea& area) const = 0;
+  virtual AxisMarks Marks(const PaintArea& area) const = 0;
   // A ruler below the view has its ticks at the top, towards it.
   virtual bool IsBelowView() const { return false; }
   void paintEvent(QPaintEvent* event) override;
@@ -41,7 +41,7 @@ class AudioTimeWindow : public RulerWindow {
   AudioTimeWindow(const EditView& shownView, const Document& shownDocument, QWidget* parent);
 
  protected:
-  RulerMarks Marks(const PaintArea& area) const override;
+  AxisMarks Marks(const PaintArea& area) const override;
   bool IsBelowView() const override { return true; }
 
  private:
@@ -53,7 +53,7 @@ class AudioSamplesWindow : public RulerWindow {
   AudioSamplesWindow(const EditView& shownView, QWidget* parent);
 
  protected:
-  RulerMarks Marks(const PaintArea& area) const override;
+  AxisMarks Marks(const PaintArea& area) const override;
 };
 
 }  // namespace tembrel
