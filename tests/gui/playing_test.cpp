@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QToolButton>
 
+#include "analysis/ui/SpectrumWin.h"
 #include "app/ui/RecordingGadget.h"
 #include "app/ui/TopStrip.h"
 #include "app/ui/TransportControl.h"
@@ -52,6 +53,14 @@ class SoundDesk {
     qFatal("no such button");
   }
   void Click(const QString& name) { QTest::mouseClick(&Button(name), Qt::LeftButton); }
+  // A key of the keyboard, wherever that is.
+  void Type(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(desk.Frame().windowHandle(), key, modifiers);
+  }
+  QString WithKeyboard() {
+    const QWidget* widget = QApplication::focusWidget();
+    return widget == nullptr ? "nothing" : widget->accessibleName();
+  }
   // The names of the buttons that are down.
   QString Down() {
     QStringList names;
@@ -308,14 +317,90 @@ class PlayingTest : public QObject {
     QToolButton& play = desk.Button("Play");
     QCOMPARE(play.accessibleDescription(), "Key: Space");
     QVERIFY(play.focusPolicy() == Qt::TabFocus);
-    play.setFocus(Qt::TabFocusReason);
+    desk.Type(Qt::Key_Tab);
+    QCOMPARE(desk.WithKeyboard(), "Rewind");
+    desk.Type(Qt::Key_Tab);
     QVERIFY(play.hasFocus());
-    QTest::keyClick(&play, Qt::Key_Return);
+    desk.Type(Qt::Key_Return);
     QVERIFY(desk.Transport().Playing());
-    QTest::keyClick(&play, Qt::Key_Space);  // the command's own key, not a second click
+    desk.Type(Qt::Key_Space);
     QVERIFY(!desk.Transport().Playing());
-    QTest::keyClick(&play, Qt::Key_Tab);
-    QVERIFY(!play.hasFocus());
+    QVERIFY(play.hasFocus());
+  }
+
+  void TabGoesFromTheViewThroughTheButtonsAndBack() {
+    SoundDesk desk;
+    desk->OpenWave("other.wav", kLong);
+    desk->OpenWave("song.wav", kLong);
+    QStringList forth;
+    QStringList back;
+    for (int i = 0; i < 4; ++i) {
+      desk.Type(Qt::Key_Tab);
+      forth << desk.WithKeyboard();
+    }
+    for (int i = 0; i < 4; ++i) {
+      desk.Type(Qt::Key_Tab, Qt::ShiftModifier);
+      back << desk.WithKeyboard();
+    }
+    QCOMPARE(forth, (QStringList{"Rewind", "Play", "Record", "Waveform"}));
+    QCOMPARE(back, (QStringList{"Record", "Play", "Rewind", "Waveform"}));
+    QVERIFY(desk->Active()->Title().endsWith("song.wav"));
+    QVERIFY(desk->View().hasFocus());
+    desk.Type(Qt::Key_Right);
+    QVERIFY(desk->View().View().CursorFrame() > 0);
+  }
+
+  void TabLeavesTheSpectrumToo() {
+    SoundDesk desk;
+    desk->OpenWave("song.wav", kLong);
+    desk->Run(kCommandAudioSpectrum);
+    desk.Type(Qt::Key_Tab);
+    QCOMPARE(desk.WithKeyboard(), "Record");
+    desk.Type(Qt::Key_Tab);
+    QVERIFY(QApplication::focusWidget() == desk->Client().Spectrum());
+  }
+
+  void SpacePressesTheButtonThatHasTheKeyboard() {
+    SoundDesk desk;
+    desk.DoNotShowTheSetup();
+    desk->OpenWave("song.wav", kLong);
+    desk.Type(Qt::Key_Tab, Qt::ShiftModifier);
+    QCOMPARE(desk.WithKeyboard(), "Record");
+    desk.Type(Qt::Key_Space);
+    QVERIFY(desk.Transport().Recording());
+    QVERIFY(!desk.Transport().Playing());
+    desk->prompts.answers = {Answer::No};
+    desk->Frame().close();
+  }
+
+  void EscapeGivesTheKeyboardBackToTheView() {
+    SoundDesk desk;
+    desk->OpenWave("song.wav", kLong);
+    desk.Type(Qt::Key_Tab);
+    desk.Type(Qt::Key_Escape);
+    QVERIFY(desk->View().hasFocus());
+  }
+
+  // The next button could be pressed unawares.
+  void AButtonThatGetsDisabledGivesTheKeyboardToTheView() {
+    SoundDesk desk;
+    desk->OpenWave("song.wav", kLong);
+    desk.Click("Play");
+    for (int i = 0; i < 3; ++i) {
+      desk.Type(Qt::Key_Tab);
+    }
+    QCOMPARE(desk.WithKeyboard(), "Stop");
+    desk.Type(Qt::Key_Return);
+    QVERIFY(!desk.Transport().Playing());
+    QVERIFY(desk->View().hasFocus());
+  }
+
+  void WithoutADocumentTabStaysInTheStrip() {
+    SoundDesk desk;
+    desk.Type(Qt::Key_Tab);
+    QCOMPARE(desk.WithKeyboard(), "Record");
+    desk.Type(Qt::Key_Tab);
+    QCOMPARE(desk.WithKeyboard(), "Record");
   }
 
   void AButtonThatIsDownLooksIt_data() {

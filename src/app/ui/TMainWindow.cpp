@@ -9,6 +9,7 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMdiSubWindow>
@@ -94,6 +95,7 @@ TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts*
   ConnectTransport();
   connect(client, &tembrelMDIClient::stateChanged, this, &TMainWindow::RefreshCommands);
   connect(client, &tembrelMDIClient::recentFilesChanged, this, &TMainWindow::RebuildRecentFiles);
+  connect(client, &tembrelMDIClient::tabbedOut, this, &TMainWindow::focusNextPrevChild);
   connect(client, &tembrelMDIClient::exitRequested, this, &QWidget::close);
   connect(client, &tembrelMDIClient::aboutRequested, this, &TMainWindow::ShowAbout);
   connect(client, &tembrelMDIClient::helpRequested, this, &TMainWindow::ShowHelp);
@@ -272,6 +274,50 @@ void TMainWindow::ShowAbout() {
 
 void TMainWindow::ShowHelp() {
   HelpWindow::ShowFor(this, paths.helpPath);
+}
+
+// Where Tab goes, in its order: the active window first, if there is one, then what stands around the
+// documents.
+QList<QWidget*> TMainWindow::KeyboardStops() const {
+  QList<QWidget*> stops;
+  if (const QMdiSubWindow* active = client->currentSubWindow()) {
+    stops << active->widget();
+  }
+  for (QWidget* stop = nextInFocusChain(); stop != this; stop = stop->nextInFocusChain()) {
+    if (stop->window() == this && stop->isVisible() && stop->isEnabled() &&
+        (stop->focusPolicy() & Qt::TabFocus) != 0 && !client->isAncestorOf(stop) && stop != client) {
+      stops << stop;
+    }
+  }
+  return stops;
+}
+
+bool TMainWindow::focusNextPrevChild(bool next) {
+  const QList<QWidget*> stops = KeyboardStops();
+  const QWidget* here = focusWidget();
+  // A button that gets disabled lets go of the keyboard. The next button does not take it over: it could be
+  // pressed unawares.
+  const bool lost = here != nullptr && !here->isEnabled();
+  if (stops.isEmpty() || (lost && client->currentSubWindow() == nullptr)) {
+    return false;
+  }
+  const auto holds = [here](const QWidget* stop) { return stop == here || stop->isAncestorOf(here); };
+  const auto found = std::ranges::find_if(stops, holds);
+  qsizetype to = 0;
+  if (found != stops.end()) {
+    to = (found - stops.begin() + (next ? 1 : -1) + stops.size()) % stops.size();
+  }
+  stops.at(to)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
+}
+
+// Escape that nobody else wants leads back to the active window.
+void TMainWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    client->TakeKeyboard();
+  } else {
+    QMainWindow::keyPressEvent(event);
+  }
 }
 
 void TMainWindow::RefreshBackground() {

@@ -40,6 +40,8 @@ class TMainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   QAction* CommandAction(int id);
@@ -49,6 +51,7 @@ class TMainWindow : public QMainWindow {
   void CreateTopStrip();
   void ConnectTransport();
   void ShowTransport();
+  QList<QWidget*> KeyboardStops() const;
   void RefreshBackground();
   void RebuildRecentFiles();
   void RebuildWindowList();

@@ -182,6 +182,12 @@ void tembrelMDIClient::RunCommand(int id) {
   }
 }
 
+void tembrelMDIClient::TakeKeyboard() {
+  if (const QMdiSubWindow* active = currentSubWindow(); active != nullptr && active->widget() != nullptr) {
+    active->widget()->setFocus(Qt::OtherFocusReason);
+  }
+}
+
 void tembrelMDIClient::ScrollActive(int code, int value) {
   if (AudioWin* active = ActiveDocument()) {
     active->EditWindow()->View().HorizontalScroll(static_cast<ScrollCode>(code), value);
@@ -265,10 +271,11 @@ tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size)
 }
 
 // Maximised when the active one is.
-void tembrelMDIClient::ShowChild(QMdiSubWindow* child, const QSize& size) {
+void tembrelMDIClient::ShowChild(TMDIChild* child, const QSize& size) {
   const QMdiSubWindow* active = currentSubWindow();
   const bool maximized = active != nullptr && active->isMaximized();
   addSubWindow(child);
+  connect(child, &TMDIChild::tabbedOut, this, &tembrelMDIClient::tabbedOut);
   child->resize(size.boundedTo(viewport()->size()));
   ++documentCount;
   if (maximized) {

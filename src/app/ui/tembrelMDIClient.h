@@ -30,6 +30,7 @@ namespace tembrel {
 class AudioWin;
 class FilterPreview;
 class SpectrumWin;
+class TMDIChild;
 class TransportControl;
 class tembrelMDIChild;
 struct AbandonedCopy;
@@ -57,6 +58,9 @@ class tembrelMDIClient : public QMdiArea {
   // active document's last selection.
   void RunCommand(int id);
   bool IsCommandEnabled(int id) const;
+
+  // Gives the keyboard to the active window; nothing happens without one.
+  void TakeKeyboard();
 
   // A horizontal scroll request of the top strip's controls, for the active document.
   void ScrollActive(int code, int value);
@@ -93,6 +97,8 @@ class tembrelMDIClient : public QMdiArea {
   void auditionChanged();
   void actionMenuOpening();
   void actionMenuClosed();
+  // Tab (`next`) or Shift+Tab was pressed in the active window.
+  void tabbedOut(bool next);
   void exitRequested();
   void aboutRequested();
   void helpRequested();
@@ -119,7 +125,7 @@ class tembrelMDIClient : public QMdiArea {
   void OpenDialog();
   bool SaveActive();
   bool Save(AudioWin& window);
-  bool SaveActiveOr(AudioWin& asking);
+  bool AskToClose(tembrelMDIChild& child);
   void SaveActiveAs();
   void ShowSaved(AudioWin& saved, bool named);
   void CloseActive();

@@ -1,11 +1,10 @@
 // The client's part for the spectrum window: there is one at most, and it follows the cursor of the document
 // whose cursor was moved last.
-#include <QMdiSubWindow>
-
 #include "analysis/ui/SpectrumWin.h"
 #include "app/ui/QtPrompts.h"
 #include "app/ui/tembrelMDIClient.h"
 #include "document/ui/AudioWin.h"
+#include "document/ui/TMDIChild.h"
 #include "view/ui/AudioEditWindow.h"
 
 namespace tembrel {
@@ -23,7 +22,7 @@ SpectrumWin* tembrelMDIClient::Spectrum() const {
 void tembrelMDIClient::OpenSpectrum() {
   AudioWin* document = ActiveDocument();
   auto* spectrum = new SpectrumWin(prompts);
-  auto* child = new QMdiSubWindow(this);
+  auto* child = new TMDIChild(this);
   child->setObjectName("TMDIChild");
   child->setAttribute(Qt::WA_DeleteOnClose);
   child->setWidget(spectrum);

@@ -10,7 +10,7 @@ namespace tembrel {
 
 tembrelMDIChild::tembrelMDIChild(AudioWin* audioWin, std::function<bool(AudioWin&)> closeQuestion,
                                  QWidget* parent)
-    : QMdiSubWindow(parent), window(audioWin), mayClose(std::move(closeQuestion)) {
+    : TMDIChild(parent), window(audioWin), mayClose(std::move(closeQuestion)) {
   setObjectName("tembrelMDIChild");
   setAttribute(Qt::WA_DeleteOnClose);
   setWidget(window);

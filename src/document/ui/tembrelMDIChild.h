@@ -3,13 +3,13 @@
 
 #include <functional>
 
-#include <QMdiSubWindow>
+#include "document/ui/TMDIChild.h"
 
 namespace tembrel {
 
 class AudioWin;
 
-class tembrelMDIChild : public QMdiSubWindow {
+class tembrelMDIChild : public TMDIChild {
   Q_OBJECT
 
  public:

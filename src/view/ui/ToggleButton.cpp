@@ -19,6 +19,14 @@ void ToggleButton::SetPressed(bool pressed) {
   }
 }
 
+// Space is a command of the main window, too: with the keyboard here it is the button's.
+bool ToggleButton::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
+    event->accept();
+  }
+  return QToolButton::event(event);
+}
+
 void ToggleButton::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
     QToolButton::keyPressEvent(event);

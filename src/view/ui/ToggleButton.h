@@ -1,5 +1,5 @@
-// A button that stays down for as long as the program says so: a click only asks. Enter presses it when it
-// has the keyboard; Space is left to whoever else wants it.
+// A button that stays down for as long as the program says so: a click only asks. Enter and Space press it
+// when it has the keyboard.
 #pragma once
 
 #include <QToolButton>
@@ -15,6 +15,7 @@ class ToggleButton : public QToolButton {
 
  protected:
   void nextCheckState() override {}
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };
