@@ -1,4 +1,6 @@
 // Save, Save As, Close and Exit with the questions they ask.
+#include <algorithm>
+
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -7,6 +9,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "edit/LevelEffects.h"
 #include "tests/gui/support/Desk.h"
 #include "tests/gui/support/GuiMain.h"
 
@@ -173,18 +176,80 @@ class ClosingAndSavingTest : public QObject {
     QCOMPARE(desk.prompts.questions.size(), 2U);
   }
 
-  // Save acts on the active document, whichever one asks.
-  void YesAtExitSavesTheActiveDocument() {
+  void YesToEveryQuestionSavesEveryDocument_data() {
+    QTest::addColumn<int>("command");
+    QTest::addColumn<bool>("maximized");
+    QTest::newRow("exit") << kCommandExit << false;
+    QTest::newRow("exit, maximised") << kCommandExit << true;
+    QTest::newRow("close all") << kCommandCloseAll << false;
+  }
+  // Yes saves the active document: the one that asks is active by then.
+  void YesToEveryQuestionSavesEveryDocument() {
+    QFETCH(const int, command);
+    QFETCH(const bool, maximized);
+    Desk desk;
+    std::vector<Bytes> edited;
+    for (const char* name : {"a.wav", "b.wav", "c.wav"}) {
+      AudioWin& window = desk.OpenWave(name);
+      if (maximized) {
+        desk.ActiveChild()->showMaximized();
+      }
+      const auto frame = static_cast<std::int64_t>(40 * (edited.size() + 1));
+      QVERIFY(window.Doc().Edit(SilenceEdit({0, frame})).done);
+      const auto bytes = window.Doc().Clip()->Bytes();
+      edited.emplace_back(bytes.begin(), bytes.end());
+    }
+    desk.Client().setActiveSubWindow(desk.Children().at(1));
+    QStringList active;
+    desk.prompts.onQuestion = [&] { active << Text(desk.Active()->Doc().FileName()); };
+    desk.prompts.answers = {Answer::Yes, Answer::Yes, Answer::Yes};
+    desk.Run(command);
+    QCOMPARE(desk.prompts.questions.size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i) {
+      QVERIFY(
+          desk.prompts.questions[i].starts_with(active.at(static_cast<qsizetype>(i)).toStdString() + " "));
+      const Bytes file = ReadBytes(desk.scratch / (std::string(1, static_cast<char>('a' + i)) + ".wav"));
+      QVERIFY(std::ranges::search(file, edited[i]).begin() != file.end());
+    }
+  }
+
+  void ADocumentInTheBackgroundThatIsClosedIsTheOneThatIsSaved() {
+    Desk desk;
+    AudioWin& asking = desk.OpenWave("a.wav");
+    asking.Doc().SetChanged(true);
+    desk.OpenWave("b.wav").Doc().SetChanged(true);
+    std::filesystem::remove(desk.scratch / "a.wav");
+    desk.prompts.answers = {Answer::Yes};
+    asking.parentWidget()->close();
+    QVERIFY(std::filesystem::exists(desk.scratch / "a.wav"));
+    QVERIFY(desk.Active()->Doc().Changed());
+  }
+
+  void AChangedDocumentIsSavedWhileTheSpectrumIsActive() {
     Desk desk;
     desk.OpenWave("a.wav").Doc().SetChanged(true);
-    desk.OpenWave("b.wav").Doc().SetChanged(true);
-    for (const char* name : {"a.wav", "b.wav"}) {
-      std::filesystem::remove(desk.scratch / name);
-    }
-    desk.prompts.answers = {Answer::Yes, Answer::Yes};
+    desk.Run(kCommandAudioSpectrum);
+    QVERIFY(desk.Active() == nullptr);
+    std::filesystem::remove(desk.scratch / "a.wav");
+    desk.prompts.answers = {Answer::Yes};
     desk.Run(kCommandExit);
-    QVERIFY(!std::filesystem::exists(desk.scratch / "a.wav"));
-    QVERIFY(std::filesystem::exists(desk.scratch / "b.wav"));
+    QVERIFY(std::filesystem::exists(desk.scratch / "a.wav"));
+  }
+
+  void TheCounterAndTheScrollerForgetAClosedDocument() {
+    Desk desk;
+    desk.OpenWave();
+    auto& counter = *desk.Frame().findChild<QWidget*>("CountWindow");
+    auto& scroller = *desk.Frame().findChild<QWidget*>("ScrollerWindow");
+    const QString first = counter.accessibleName();
+    desk.View().View().Show(700, 100);
+    desk.View().View().SetCursorPosition(750, false);
+    QVERIFY(counter.accessibleName() != first);
+    QVERIFY(scroller.accessibleName() != "Position: 0 percent");
+    desk.Run(kCommandClose);
+    QTRY_VERIFY(desk.Children().isEmpty());
+    QCOMPARE(counter.accessibleName(), "Position: frame 0, 0.000 seconds");
+    QCOMPARE(scroller.accessibleName(), "Position: 0 percent");
   }
 
   void CloseAllAsksAndCancelKeepsAll() {

@@ -246,6 +246,21 @@ class PlayingTest : public QObject {
     QVERIFY(!desk.Transport().Playing());
   }
 
+  void TheCounterRunsWithTheBackgroundAndThenShowsTheActiveDocumentAgain() {
+    SoundDesk desk;
+    AudioWin& song = desk->OpenWave("song.wav", kLong);
+    desk.Click("Play");
+    AudioWin& other = desk->OpenWave("other.wav", kSecond);
+    other.EditWindow()->View().SetCursorPosition(441, false);
+    const auto& counter = *desk->Frame().findChild<QWidget*>("CountWindow");
+    auto& scroller = *desk->Frame().findChild<QWidget*>("ScrollerWindow");
+    QTRY_VERIFY(counter.accessibleName().contains(
+        "frame " + QString::number(song.EditWindow()->View().CursorFrame()) + ","));
+    QCOMPARE(scroller.accessibleName(), "Position: 0 percent");
+    desk.Click("Stop");
+    QCOMPARE(counter.accessibleName(), "Position: frame 441, 0.010 seconds");
+  }
+
   void AnEditMeanwhileIsHarmless() {
     SoundDesk desk;
     AudioWin& window = desk->OpenWave("song.wav", kLong);

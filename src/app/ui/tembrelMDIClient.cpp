@@ -59,6 +59,8 @@ tembrelMDIClient::tembrelMDIClient(ProgramPaths programPaths, SettingStore setti
   connect(transport.get(), &TransportControl::changed, this, [this] {
     if (transport->Playing() || transport->Recording()) {
       EndAudition();
+    } else if (AudioWin* active = ActiveDocument()) {
+      active->TellState();  // the counter showed the document that played
     }
   });
   connect(this, &QMdiArea::subWindowActivated, this, [this] {
@@ -253,11 +255,7 @@ void tembrelMDIClient::Execute(CommandHandler handler, int id) {
 
 tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size) {
   auto* child = new tembrelMDIChild(
-      window,
-      [this](AudioWin& asking) {
-        return CanClose(asking.Doc(), prompts, [this, &asking] { return SaveActiveOr(asking); });
-      },
-      this);
+      window, [this](tembrelMDIChild& asking) { return AskToClose(asking); }, this);
   connect(child, &tembrelMDIChild::closing, this, [this, window] {
     transport->DocumentClosing(window);
     if (window == auditioned) {
@@ -268,6 +266,15 @@ tembrelMDIChild* tembrelMDIClient::AddChild(AudioWin* window, const QSize& size)
   Listen(window);
   ShowChild(child, size);
   return child;
+}
+
+// Yes saves the active document: the one that asks is made the active one before.
+bool tembrelMDIClient::AskToClose(tembrelMDIChild& child) {
+  const Document& document = child.Window()->Doc();
+  if (document.Changed()) {
+    setActiveSubWindow(&child);
+  }
+  return CanClose(document, prompts, [this] { return SaveActive(); });
 }
 
 // Maximised when the active one is.
@@ -364,12 +371,6 @@ bool tembrelMDIClient::SaveActive() {
   return active != nullptr && Save(*active);
 }
 
-// A document that asks while the spectrum window is active is saved itself: there is no other to save.
-bool tembrelMDIClient::SaveActiveOr(AudioWin& asking) {
-  AudioWin* active = ActiveDocument();
-  return Save(active == nullptr ? asking : *active);
-}
-
 bool tembrelMDIClient::Save(AudioWin& window) {
   const bool named = !window.Doc().FileName().empty();
   const bool saved = SaveDocument(window.Doc(), prompts);
@@ -460,7 +461,8 @@ void tembrelMDIClient::ShowRecordingSetup() {
   }
 }
 
-// Without sound the gadgets fall back to the playback format. The spectrum window leaves them as they are.
+// Without sound the gadgets fall back to the playback format, without a document the counter and the scroller
+// to the start. The spectrum window leaves them as they are.
 void tembrelMDIClient::ShowActiveState() {
   if (SpectrumIsActive()) {
     return;
@@ -471,6 +473,9 @@ void tembrelMDIClient::ShowActiveState() {
   }
   if (active != nullptr) {
     active->TellState();
+  } else {
+    Q_EMIT counterChanged(0, -1);
+    Q_EMIT positionChanged(0);
   }
 }
 

@@ -116,7 +116,7 @@ class tembrelMDIClient : public QMdiArea {
   void Run(AudioWin& window, const EditStep& step);
   void Say(const EditResult& result);
   CommandContext Context() const;
-  void ShowChild(QMdiSubWindow* child, const QSize& size);
+  void ShowChild(TMDIChild* child, const QSize& size);
   tembrelMDIChild* AddChild(AudioWin* window, const QSize& size);
   void Recover(AbandonedCopy copy);
   tembrelMDIChild* NewChild(const QString& title);

@@ -8,7 +8,7 @@
 
 namespace tembrel {
 
-tembrelMDIChild::tembrelMDIChild(AudioWin* audioWin, std::function<bool(AudioWin&)> closeQuestion,
+tembrelMDIChild::tembrelMDIChild(AudioWin* audioWin, std::function<bool(tembrelMDIChild&)> closeQuestion,
                                  QWidget* parent)
     : TMDIChild(parent), window(audioWin), mayClose(std::move(closeQuestion)) {
   setObjectName("tembrelMDIChild");
@@ -18,7 +18,7 @@ tembrelMDIChild::tembrelMDIChild(AudioWin* audioWin, std::function<bool(AudioWin
 }
 
 bool tembrelMDIChild::AskToClose() {
-  return mayClose(*window);
+  return mayClose(*this);
 }
 
 void tembrelMDIChild::CloseUnasked() {

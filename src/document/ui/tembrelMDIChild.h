@@ -14,7 +14,7 @@ class tembrelMDIChild : public TMDIChild {
 
  public:
   // Takes the window as its widget. `closeQuestion` is asked before the child closes.
-  tembrelMDIChild(AudioWin* audioWin, std::function<bool(AudioWin&)> closeQuestion,
+  tembrelMDIChild(AudioWin* audioWin, std::function<bool(tembrelMDIChild&)> closeQuestion,
                   QWidget* parent = nullptr);
 
   AudioWin* Window() { return window; }
@@ -32,7 +32,7 @@ class tembrelMDIChild : public TMDIChild {
 
  private:
   AudioWin* window;
-  std::function<bool(AudioWin&)> mayClose;
+  std::function<bool(tembrelMDIChild&)> mayClose;
   bool asked = false;
 };
 
