@@ -286,9 +286,13 @@ class PlayingTest : public QObject {
 
   void ProgramsThatEndWithoutClosingStopTheDevice() {
     SoundDesk desk;
+    std::vector<std::string> calls;
+    desk.Device().callsAtItsEnd = &calls;
     desk->OpenWave("song.wav", kLong);
     desk.Click("Play");
+    QVERIFY(Strings(desk.Device().calls).endsWith(", play"));
     desk->End();
+    QVERIFY(Strings(calls).endsWith(", play, stop, close"));
   }
 
   void AnEmptyDocumentPlaysNothing() {

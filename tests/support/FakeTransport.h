@@ -28,6 +28,7 @@ class ManualClock : public MillisecondClock {
 class FakeAudioDevice : public AudioDevice {
  public:
   std::vector<std::string> calls;
+  std::vector<std::string>* callsAtItsEnd = nullptr;  // takes the calls when the device goes
   DeviceError openPlaybackResult = kDeviceSuccess;
   DeviceError openRecordingResult = kDeviceSuccess;
   DeviceError formatResult = kDeviceSuccess;
@@ -40,6 +41,12 @@ class FakeAudioDevice : public AudioDevice {
   std::string errorText = "The device is on fire.";
   // Runs in the place of what a real device does when it saves.
   std::function<void(const std::filesystem::path&)> onSave = [](const std::filesystem::path&) {};
+
+  ~FakeAudioDevice() override {
+    if (callsAtItsEnd != nullptr) {
+      *callsAtItsEnd = calls;
+    }
+  }
 
   std::vector<std::string> TakeCalls() { return std::exchange(calls, {}); }
 
