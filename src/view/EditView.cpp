@@ -123,7 +123,10 @@ bool EditView::HorizontalScroll(ScrollCode code, std::int64_t value) {
     case ScrollCode::LeftEnd:
     case ScrollCode::RightEnd:
       ScrollTo(LastFirstFrame() * PercentIn(value) / 100);
-      break;
+      KeepCursorVisible();
+      // The percentage asked for, and not what the frame rounds down to: the thumb stays where it was let go.
+      ShowHorizontalState(true, LastFirstFrame() == 0 ? 0 : static_cast<int>(PercentIn(value)));
+      return true;
     case ScrollCode::ThumbTrack:
       listener.CounterChanged(LastFirstFrame() * PercentIn(value) / 100, rate);
       return true;
@@ -131,13 +134,13 @@ bool EditView::HorizontalScroll(ScrollCode code, std::int64_t value) {
       ScrollTo(std::clamp<std::int64_t>(value, 0, kMaxFrames) / shown * shown);
       break;
     case ScrollCode::Refresh:
-      ShowHorizontalState(true);
+      ShowHorizontalState(true, ScrollPercent());
       return true;
     default:
       return false;
   }
   KeepCursorVisible();
-  ShowHorizontalState(code != ScrollCode::ShowFrame);
+  ShowHorizontalState(code != ScrollCode::ShowFrame, ScrollPercent());
   return true;
 }
 
@@ -147,9 +150,9 @@ int EditView::ScrollPercent() const {
   return static_cast<int>(std::clamp<std::int64_t>(percent, 0, 100));
 }
 
-void EditView::ShowHorizontalState(bool withCounter) {
+void EditView::ShowHorizontalState(bool withCounter, int percent) {
   PlaceStrip();
-  listener.ScrollBarChanged(ScrollPercent());
+  listener.ScrollBarChanged(percent);
   listener.Repaint();
   if (withCounter) {
     ShowCounter();

@@ -140,7 +140,7 @@ class EditView {
   void ScrollTo(std::int64_t frame);
   void KeepCursorVisible();
   void MoveCursor(std::int64_t frame);
-  void ShowHorizontalState(bool withCounter);
+  void ShowHorizontalState(bool withCounter, int percent);
   void ShowCounter() { listener.CounterChanged(cursorFrame, rate); }
   void CentreCursor();
   void RefreshRows();

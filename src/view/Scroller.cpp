@@ -16,9 +16,10 @@ int Scroller::Percent() const {
 }
 
 bool Scroller::SetPercent(int percent) {
-  if (dragging) {
-    return false;  // the mouse has it
+  if (dragging || percent == released) {
+    return false;  // the mouse has it, or has just put it there
   }
+  released.reset();
   const int old = thumb;
   thumb = std::clamp(std::clamp(percent, 0, 100) * kLastThumb / 100, kFirstThumb, kLastThumb);
   return thumb != old;
@@ -55,6 +56,7 @@ std::optional<ScrollerRequest> Scroller::Release() {
     return std::nullopt;
   }
   dragging = false;
+  released = Percent();
   return ScrollerRequest{ScrollCode::ThumbPosition, Percent()};
 }
 

@@ -27,7 +27,8 @@ class Scroller {
   // 0..100; the leftmost thumb is 0.
   int Percent() const;
 
-  // The view was scrolled. True when the thumb moved and is to be painted.
+  // The view was scrolled. True when the thumb moved and is to be painted. The percentage that a drag has
+  // just ended with leaves it where it was let go.
   bool SetPercent(int percent);
 
   // Mouse, logical pixels. Move's request means that the thumb moved as well.
@@ -39,6 +40,7 @@ class Scroller {
   int thumb = 1;
   int grabOffset = 0;  // the mouse's distance from the thumb's left end
   bool dragging = false;
+  std::optional<int> released;  // the percentage of the last drag's end, until the view is elsewhere
 };
 
 }  // namespace tembrel

@@ -98,6 +98,27 @@ TEST_F(EditViewScroll, ThumbPositionIsAPercentageOfWhatCanBeScrolled) {
   }
 }
 
+// Of 9001 frames no percentage but 0 and 100 is a whole number of frames: going there and back loses one.
+TEST_F(EditViewScroll, TheScrollBarStaysAtThePercentageAskedFor) {
+  view.Show(0, 999);
+  for (const ScrollCode code : {ScrollCode::ThumbPosition, ScrollCode::LeftEnd, ScrollCode::RightEnd}) {
+    for (int percent = 0; percent <= 100; ++percent) {
+      listener.Take();
+      view.HorizontalScroll(code, percent);
+      EXPECT_EQ(view.FirstVisibleFrame(), 9001 * percent / 100);
+      EXPECT_TRUE(listener.Heard("bar " + std::to_string(percent))) << percent;
+    }
+  }
+}
+
+TEST_F(EditViewScroll, InTheWholeSoundTheScrollBarStaysAtItsStart) {
+  view.ZoomAll();
+  listener.Take();
+  view.HorizontalScroll(ScrollCode::ThumbPosition, 70);
+  EXPECT_EQ(view.FirstVisibleFrame(), 0);
+  EXPECT_TRUE(listener.Heard("bar 0"));
+}
+
 TEST_F(EditViewScroll, OnlyTheLowWordOfAThumbPositionCounts) {
   view.HorizontalScroll(ScrollCode::ThumbPosition, 0x7FFF0000 + 10);
   EXPECT_EQ(view.FirstVisibleFrame(), 900);

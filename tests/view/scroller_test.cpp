@@ -1,5 +1,6 @@
 #include "view/Scroller.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -79,6 +80,21 @@ TEST(Scroller, TheThumbStaysOnTheTrack) {
   EXPECT_EQ(scroller.Move(45), (Request{{ScrollCode::ThumbTrack, 100}}));
   EXPECT_EQ(scroller.Move(1000), Request());
   EXPECT_EQ(scroller.Thumb(), 40);
+}
+
+TEST(Scroller, TheThumbStaysWhereItIsLetGo) {
+  for (int x = 1; x <= 40; ++x) {
+    Scroller scroller = At(50);
+    scroller.Press(20, 8);
+    scroller.Move(x);
+    const Request request = scroller.Release();
+    ASSERT_TRUE(request);
+    EXPECT_FALSE(scroller.SetPercent(request->percent)) << x;
+    EXPECT_EQ(scroller.Thumb(), x);
+    scroller.SetPercent(50);
+    scroller.SetPercent(request->percent);
+    EXPECT_EQ(scroller.Thumb(), std::max(1, request->percent * 40 / 100));
+  }
 }
 
 TEST(Scroller, WithoutADragMovesAndReleasesSayNothing) {
