@@ -21,6 +21,7 @@
 #include <QUrl>
 
 #include "app/AcceleratorTable.h"
+#include "app/CommandIds.h"
 #include "app/CommandTable.h"
 #include "app/RecentFiles.h"
 #include "app/ui/FrameMenuBar.h"
@@ -32,6 +33,7 @@
 #include "app/ui/VAboutDialog.h"
 #include "app/ui/tembrelMDIClient.h"
 #include "document/ui/AudioWin.h"
+#include "document/ui/ShortPath.h"
 #include "view/StripButtons.h"
 #include "view/ui/CountWin.h"
 #include "view/ui/ScrollerWindow.h"
@@ -42,10 +44,19 @@ namespace tembrel {
 namespace {
 
 constexpr QSize kFirstSize(960, 640);
+constexpr qsizetype kLongestMenuPath = 70;
 constexpr int kEditMenuIndex = 1;  // highlighted while the view's action menu is open
 
 QString ToText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// The action shows the path after `before`, shortened when it is long; its tool tip tells the whole of it
+// then.
+void ShowPath(QAction& action, const QString& path, const QString& before) {
+  const QString shown = ShortPath(path, kLongestMenuPath);
+  action.setText(before + PathToText(MenuText(TextToPath(shown).string())));
+  action.setToolTip(shown == path ? QString() : "<qt>" + path.toHtmlEscaped() + "</qt>");
 }
 
 std::vector<QUrl> DroppedFiles(const QMimeData* data) {
@@ -129,8 +140,10 @@ void TMainWindow::CreateMenus() {
     connect(created, &QMenu::aboutToShow, this, &TMainWindow::RefreshCommands);
     if (menu.tail == MenuTail::RecentFiles) {
       fileMenu = created;
+      created->setToolTipsVisible(true);
     } else if (menu.tail == MenuTail::WindowList) {
       windowMenu = created;
+      created->setToolTipsVisible(true);
       connect(created, &QMenu::aboutToShow, this, &TMainWindow::RebuildWindowList);
     }
   }
@@ -221,7 +234,9 @@ void TMainWindow::RebuildRecentFiles() {
   }
   for (const RecentMenuEntry& entry : entries) {
     QAction* action = CommandAction(entry.id);
-    action->setText(PathToText(entry.text));
+    const std::string& path =
+        client->Recent().Slots().at(static_cast<std::size_t>(entry.id - kCommandRecentFile1));
+    ShowPath(*action, PathToText(path), {});
     fileMenu->addAction(action);
     recentActions << action;
   }
@@ -241,9 +256,9 @@ void TMainWindow::RebuildWindowList() {
     ++number;
     const auto* document = qobject_cast<AudioWin*>(window->widget());
     const QString title = document == nullptr ? window->windowTitle() : document->Title();
-    const QString text =
-        PathToText(MenuText(TextToPath(title).string())) + (window->isWindowModified() ? "*" : "");
-    QAction* action = windowMenu->addAction((number < 10 ? "&" : "") + QString::number(number) + " " + text);
+    QAction* action = windowMenu->addAction(QString());
+    ShowPath(*action, title, (number < 10 ? "&" : "") + QString::number(number) + " ");
+    action->setText(action->text() + (window->isWindowModified() ? "*" : ""));
     action->setCheckable(true);
     action->setChecked(window == client->currentSubWindow());
     connect(action, &QAction::triggered, client, [this, window] { ActivateDocument(window); });

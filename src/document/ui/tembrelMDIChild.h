@@ -1,4 +1,5 @@
-// The frame of one document window inside the main window. It asks before it closes.
+// The frame of one document window inside the main window. It asks before it closes, and shows of a long path
+// the file's name at least.
 #pragma once
 
 #include <functional>
@@ -28,9 +29,14 @@ class tembrelMDIChild : public TMDIChild {
   void closing();
 
  protected:
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void ShowTitle();
+  int TitleWidth() const;
+
   AudioWin* window;
   std::function<bool(tembrelMDIChild&)> mayClose;
   bool asked = false;
