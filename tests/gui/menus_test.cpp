@@ -1,5 +1,6 @@
 // The menu bar says, letter by letter and in order, what the menu table says, and its items are enabled by
 // their rules.
+#include <QContextMenuEvent>
 #include <QObject>
 
 #include "app/CommandTable.h"
@@ -59,6 +60,17 @@ class MenusTest : public QObject {
   }
 
  private Q_SLOTS:
+  void ARightClickBesideTheMenusOpensNothing() {
+    Desk desk;
+    QWidget& bar = *desk.Frame().menuBar();
+    const QPoint at(bar.width() - 20, bar.height() / 2);
+    QContextMenuEvent click(QContextMenuEvent::Mouse, at, bar.mapToGlobal(at));
+    QApplication::sendEvent(&bar, &click);
+    QCoreApplication::processEvents();
+    QVERIFY(QApplication::activePopupWidget() == nullptr);
+    QVERIFY(desk.Frame().findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly).isEmpty());
+  }
+
   void TextsAndOrderAreTheTables() {
     Desk desk;
     QStringList bar;

@@ -95,6 +95,7 @@ TMainWindow::TMainWindow(ProgramPaths programPaths, SettingStore store, Prompts*
   setWindowTitle("Tembrel");
   setWindowIcon(QIcon(":/tembrel.svg"));
   setAcceptDrops(true);
+  setContextMenuPolicy(Qt::NoContextMenu);  // or the frame would offer to hide the top strip
   resize(kFirstSize);
   statusBar()->setSizeGripEnabled(true);
   RefreshBackground();
