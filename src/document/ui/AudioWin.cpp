@@ -12,6 +12,7 @@
 #include "view/ViewCommands.h"
 #include "view/WaveLines.h"
 #include "view/ui/AudioEditWindow.h"
+#include "view/ui/CustomRadio2.h"
 #include "view/ui/DecibalWin.h"
 #include "view/ui/RulerWindow.h"
 #include "view/ui/TMyScrollBar.h"
@@ -24,8 +25,8 @@ namespace {
 
 constexpr int kScrollBarId = 0x2100;
 constexpr int kBarSize = 17;
-constexpr int kIconSize = 15;
-constexpr int kToolRow = 16;  // height of the tool buttons' row; the scroll bar begins below it
+constexpr int kIconSize = 16;  // a size that icons are drawn for
+constexpr int kToolRow = 16;   // height of the tool buttons' row; the scroll bar begins below it
 constexpr int kViewTop = 55;
 constexpr int kLeastViewWidth = 120;  // one time mark
 constexpr int kLeastViewHeight = 72;  // three levels a channel
@@ -88,14 +89,10 @@ void AudioWin::CreateRulers() {
 
 void AudioWin::CreateToolButtons() {
   for (const ToolButton& tool : ToolButtons()) {
-    auto* button = new QToolButton(this);
-    button->setObjectName("CustomRadio2");
+    auto* button = new CustomRadio2(this);
     button->setProperty("controlId", tool.controlId);
     button->setAccessibleName(ToText(tool.name));
     button->setToolTip(ToText(tool.tip));
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setCheckable(true);
-    button->setAutoExclusive(true);
     button->setIconSize({kIconSize, kIconSize});
     const int index = tool.controlId - kFirstToolButton;
     connect(button, &QToolButton::clicked, this, [this, index] { ShowTool(index); });
@@ -146,7 +143,8 @@ void AudioWin::CreateZoomButtons() {
 
 void AudioWin::RefreshIcons() {
   for (std::size_t i = 0; i < kToolCount; ++i) {
-    toolButtons.at(static_cast<qsizetype>(i))->setIcon(ThemedIcon(ToText(ToolButtons()[i].icon), palette()));
+    toolButtons.at(static_cast<qsizetype>(i))
+        ->setIcon(ThemedIcon(ToText(ToolButtons()[i].icon), palette(), PressedLook::Highlighted));
   }
 }
 

@@ -1,7 +1,8 @@
 #include "view/ui/ToggleButton.h"
 
 #include <QKeyEvent>
-#include <QPainter>
+
+#include "view/ui/PressedButton.h"
 
 namespace tembrel {
 
@@ -42,15 +43,7 @@ void ToggleButton::paintEvent(QPaintEvent* event) {
     QToolButton::paintEvent(event);
     return;
   }
-  constexpr double kCorner = 3.0;
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(hasFocus() ? QPen(palette().color(QPalette::ButtonText), 1) : QPen(Qt::NoPen));
-  painter.setBrush(palette().brush(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Highlight));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
-  QRect place(QPoint(), iconSize());
-  place.moveCenter(rect().center());
-  icon().paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled, QIcon::On);
+  PaintPressedButton(*this);
 }
 
 }  // namespace tembrel

@@ -8,7 +8,7 @@ namespace tembrel {
 
 namespace {
 
-constexpr int kIconSize = 15;
+constexpr int kIconSize = 16;  // a size that icons are drawn for
 
 }  // namespace
 
