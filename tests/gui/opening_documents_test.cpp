@@ -149,6 +149,31 @@ class OpeningDocumentsTest : public QObject {
     QVERIFY(wavePixels > 1000);
   }
 
+  void ALongNoticeIsWrappedAndToldAsToolTip() {
+    Desk desk;
+    WriteText(desk.scratch / "<b>bad.wav", "this is no sound");
+    QVERIFY(desk.Client().OpenDocument(desk.scratch / "<b>bad.wav"));
+    const auto BoxHeight = [&desk] {
+      const QImage shown = OnScreen(desk.View());
+      int y = 0;
+      while (y < shown.height() && shown.pixel(9, y) != kTimeColor) {
+        ++y;
+      }
+      int bottom = y + 1;
+      while (bottom < shown.height() && shown.pixel(9, bottom) != kTimeColor) {
+        ++bottom;
+      }
+      return bottom - y;
+    };
+    const int oneLine = BoxHeight();
+    const QString notice = QString::fromStdString(desk.Active()->Doc().Notice());
+    QCOMPARE(desk.View().toolTip(), "<qt>" + notice.toHtmlEscaped() + "</qt>");
+    desk.ActiveChild()->resize(230, 300);
+    QVERIFY(BoxHeight() > oneLine + 10);
+    desk.OpenWave();
+    QCOMPARE(desk.View().toolTip(), QString());
+  }
+
   void OrdinarySoundHasNoNotice() {
     Desk desk;
     desk.OpenWave();

@@ -150,7 +150,7 @@ void AudioWin::RefreshIcons() {
 
 void AudioWin::ShowLoadedDocument() {
   editWindow->ShowSound();
-  editWindow->setAccessibleDescription(QString::fromStdString(document.Notice()));
+  editWindow->ShowNotice();
   amplitudeScale->ShowStereo(document.Clip() != nullptr && DrawsAsStereo(document.Clip()->format));
   TellStatusTexts();
 }

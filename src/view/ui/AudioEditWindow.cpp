@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTextOption>
 #include <QWheelEvent>
 
 #include "view/ActionMenu.h"
@@ -164,6 +165,21 @@ void AudioEditWindow::SelectLastRange() {
   view.SelectLastRange(MouseNow());
 }
 
+void AudioEditWindow::ShowNotice() {
+  const QString notice = NoticeText();
+  setAccessibleDescription(notice);
+  setToolTip(notice.isEmpty() ? QString() : "<qt>" + notice.toHtmlEscaped() + "</qt>");
+  update();
+}
+
+// On one line, as the file may have given it control characters.
+QString AudioEditWindow::NoticeText() const {
+  QString notice = QString::fromStdString(document.Notice());
+  std::replace_if(
+      notice.begin(), notice.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, u' ');
+  return notice;
+}
+
 double AudioEditWindow::VisibleShare() const {
   return static_cast<double>(view.FramesOnScreen()) / static_cast<double>(view.TotalFrames());
 }
@@ -230,19 +246,17 @@ void AudioEditWindow::PaintNotice() {
   if (document.Notice().empty()) {
     return;
   }
+  QTextOption look;
+  look.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   QPainter painter(this);
-  const QFontMetrics metrics(painter.font());
-  const int room = width() - 4 * kNoticeMargin;
-  QString notice = QString::fromStdString(document.Notice());
-  std::replace_if(
-      notice.begin(), notice.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, u' ');
-  const QString text = metrics.elidedText(notice, Qt::ElideMiddle, std::max(0, room));
-  const QRect box(kNoticeMargin, kNoticeMargin, metrics.horizontalAdvance(text) + 2 * kNoticeMargin,
-                  metrics.height() + kNoticeMargin);
+  const QRect room = rect().adjusted(2 * kNoticeMargin, 3 * kNoticeMargin / 2, -2 * kNoticeMargin, 0);
+  const QString notice = NoticeText();
+  const QRect text = painter.boundingRect(QRectF(room), notice, look).toAlignedRect();
+  const QRect box = text.adjusted(-kNoticeMargin, -kNoticeMargin / 2, kNoticeMargin, kNoticeMargin / 2);
   painter.fillRect(box, QColor::fromRgb(kPaperColor));
   painter.setPen(QColor::fromRgb(kTimeColor));
   painter.drawRect(box);
-  painter.drawText(box, Qt::AlignCenter, text);
+  painter.drawText(QRectF(text), notice, look);
 }
 
 void AudioEditWindow::paintEvent(QPaintEvent* event) {

@@ -28,6 +28,8 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void ShowSound();
   // The sound was edited: repaints it. `lengthsChanged`: its length or format may be another.
   void SoundEdited(bool lengthsChanged);
+  // Shows what the document says about its file: in the view, wrapped, and as tool tip.
+  void ShowNotice();
   // How much of the sound is on the screen, 0 to 1.
   double VisibleShare() const;
 
@@ -111,6 +113,7 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void EndActionMenu();
   void PaintCursor(QPainter& painter);
   void PaintNotice();
+  QString NoticeText() const;
   void UpdateCursorStrip(std::int64_t frame);
   PencilArea AreaOfPencil() const;
   MousePoint MouseNow() const;
