@@ -63,7 +63,6 @@ AudioWin::AudioWin(const ProgramPaths& paths, long long handle, QString shownTit
 void AudioWin::ConnectView() {
   connect(editWindow, &AudioEditWindow::focused, this, &AudioWin::TellStatusTexts);
   connect(editWindow, &AudioEditWindow::counterChanged, this, &AudioWin::counterChanged);
-  connect(editWindow, &AudioEditWindow::cursorNotified, this, &AudioWin::cursorNotified);
   connect(editWindow, &AudioEditWindow::scrollBarChanged, this, &AudioWin::scrollBarChanged);
   connect(editWindow, &AudioEditWindow::relayoutWanted, this, &AudioWin::LayOut);
   connect(editWindow, &AudioEditWindow::toolWanted, this, &AudioWin::ShowTool);

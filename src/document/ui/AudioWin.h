@@ -53,8 +53,6 @@ class AudioWin : public QWidget, private DocumentListener {
   void counterChanged(qint64 frame, qint64 rate);
   // The horizontal scroll position, 0 to 100.
   void scrollBarChanged(int percent);
-  // The view's notification after every cursor move by the user (message 0x1509, wParam 10).
-  void cursorNotified(qint64 frame);
   // The sound, its history or its changed flag is another.
   void edited();
   // The action menu opens, and has closed with the chosen command (0 for none).

@@ -413,9 +413,8 @@ void AudioEditWindow::CounterChanged(std::int64_t frame, std::optional<std::uint
   Q_EMIT counterChanged(frame, rate ? static_cast<qint64>(*rate) : -1);
 }
 
-void AudioEditWindow::CursorNotification(std::int64_t frame) {
-  Q_EMIT cursorNotified(frame);
-}
+// Counter and spectrum follow the cursor itself, whoever moves it.
+void AudioEditWindow::CursorNotification(std::int64_t /*frame*/) {}
 
 void AudioEditWindow::ToolPressed(int index) {
   Q_EMIT toolWanted(index);

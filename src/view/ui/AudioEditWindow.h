@@ -46,7 +46,6 @@ class AudioEditWindow : public QWidget, private EditViewListener {
   void scrollBarChanged(int percent);
   void verticalScrollChanged(int topRow, int visibleRows, bool enabled);
   void counterChanged(qint64 frame, qint64 rate);
-  void cursorNotified(qint64 frame);
   // The cursor stands on another frame, whoever moved it.
   void cursorMoved();
   void relayoutWanted();
