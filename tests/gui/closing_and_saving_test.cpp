@@ -3,11 +3,13 @@
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QObject>
 #include <QPushButton>
 #include <QTimer>
+#include <QTreeView>
 
 #include "edit/LevelEffects.h"
 #include "tests/gui/support/Desk.h"
@@ -337,6 +339,29 @@ class ClosingAndSavingTest : public QObject {
     QCOMPARE(filters.front(), "Audio files (*.wav *.mp3 *.ogg *.aiff *.cdr)");
     QVERIFY(desk.Active() != nullptr);
     QCOMPARE(desk.Active()->Doc().FileName(), path.string());
+  }
+
+  void TheDialogsShowSizesTypesAndDatesInFull() {
+    Desk desk(Desk::Asks::WithBoxes);
+    desk.OpenWave();
+    for (const int command : {kCommandOpen, kCommandSaveAs}) {
+      bool seen = false;
+      InTheNext<QFileDialog>(desk, [&](QFileDialog& dialog) {
+        dialog.setDirectory(Text(desk.scratch.Path()));
+        auto* list = dialog.findChild<QTreeView*>("treeView");
+        QTRY_VERIFY(list->model()->rowCount(list->rootIndex()) > 0);
+        const QAbstractItemView& view = *list;
+        QTRY_VERIFY(view.sizeHintForColumn(3) > 60);
+        for (int column = 0; column < 4; ++column) {
+          QTRY_VERIFY(list->header()->sectionSize(column) >= view.sizeHintForColumn(column));
+        }
+        QVERIFY(list->header()->length() <= list->viewport()->width());
+        seen = true;
+        dialog.reject();
+      });
+      desk.Run(command);
+      QVERIFY(seen);
+    }
   }
 
   void SteppingBackFromTheDialogsChangesNothing() {

@@ -8,9 +8,11 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QTreeView>
 
 #include "dialogs/ui/FilterDialog.h"
 #include "dialogs/ui/FormatDialog.h"
@@ -21,6 +23,7 @@ namespace tembrel {
 
 namespace {
 
+constexpr QSize kFileDialogSize(800, 500);
 constexpr int kShowAfterMs = 500;
 constexpr int kRefreshEveryMs = 40;
 constexpr int kSteps = 1000;
@@ -58,6 +61,18 @@ QStringList NameFilters(const std::vector<FileFilter>& filters) {
 // Dialogs start where the last one ended, as the program's current folder tells.
 void RememberFolder(const QString& file) {
   QDir::setCurrent(QFileInfo(file).absolutePath());
+}
+
+// Sizes, types and dates are shown in full; the names have the rest. A dialog of the desktop's own looks
+// after itself.
+void GiveColumnsRoom(QFileDialog& dialog) {
+  dialog.resize(kFileDialogSize);
+  if (const auto* list = dialog.findChild<QTreeView*>("treeView")) {
+    QHeaderView& header = *list->header();
+    header.setResizeContentsPrecision(0);  // of long folders only what is seen
+    header.setSectionResizeMode(QHeaderView::ResizeToContents);
+    header.setSectionResizeMode(0, QHeaderView::Stretch);
+  }
 }
 
 class QtProgressDisplay : public ProgressDisplay {
@@ -170,6 +185,7 @@ Answer QtPrompts::AskYesNoCancel(const std::string& text, const std::string& tit
 std::optional<std::filesystem::path> QtPrompts::AskOpenPath(const std::vector<FileFilter>& filters) {
   QFileDialog dialog(parent, "Open", QDir::currentPath());
   dialog.setObjectName("openDialog");
+  GiveColumnsRoom(dialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters(NameFilters(filters));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
@@ -184,6 +200,7 @@ std::optional<SaveChoice> QtPrompts::AskSavePath(const std::vector<FileFilter>& 
   const QStringList names = NameFilters(filters);
   QFileDialog dialog(parent, "Save As", QDir::currentPath());
   dialog.setObjectName("saveDialog");
+  GiveColumnsRoom(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
