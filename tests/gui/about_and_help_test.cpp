@@ -3,6 +3,9 @@
 #include <QObject>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
 #include <QTimer>
 
 #include "app/AboutText.h"
@@ -60,6 +63,44 @@ class AboutAndHelpTest : public QObject {
     QVERIFY(shown.contains(kAboutVersion));
     QCOMPARE(buttons, QStringList{"OK"});
     QVERIFY(distance.manhattanLength() <= 4);  // the box is placed before the desktop puts a frame around it
+  }
+
+  void AboutReadsFromTheNameDownToTheDate() {
+    Desk desk;
+    QMap<int, QString> byHeight;
+    QTimer::singleShot(0, &desk.Frame(), [&] {
+      QWidget* about = QApplication::activeModalWidget();
+      QVERIFY(about != nullptr);
+      for (const QLabel* label : about->findChildren<QLabel*>()) {
+        if (label->isVisible() && !label->text().isEmpty()) {
+          QString& line = byHeight[label->mapTo(about, QPoint(0, 0)).y()];
+          line = label->property("controlId").isValid() ? line + label->text() : label->text() + " " + line;
+        }
+      }
+      QTest::keyClick(about, Qt::Key_Escape);
+    });
+    desk.Run(kCommandAbout);
+    const CVersionInfo version;
+    const auto Value = [&](VersionKey key) { return QString::fromStdString(*version.Value(key)); };
+    QCOMPARE(byHeight.values(), (QStringList{"Tembrel", "Version  " + Value(VersionKey::FileVersion),
+                                             Value(VersionKey::Comments), Value(VersionKey::LegalCopyright),
+                                             "Built " + Value(VersionKey::BuildDate)}));
+  }
+
+  void TablesOfTheManualHaveAirInTheirCells() {
+    Desk desk;
+    desk.Run(kCommandHelpContents);
+    const QTextDocument& manual = *Help(desk)->findChild<QTextBrowser*>()->document();
+    int tables = 0;
+    for (const QTextFrame* frame : manual.rootFrame()->childFrames()) {
+      if (const auto* table = qobject_cast<const QTextTable*>(frame)) {
+        ++tables;
+        QVERIFY(table->format().cellPadding() >= 4);
+        QCOMPARE(table->format().cellSpacing(), 0.0);
+        QVERIFY(table->format().borderCollapse());
+      }
+    }
+    QVERIFY(tables > 5);
   }
 
   void HelpOpensTheManualOnce() {

@@ -7,6 +7,8 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
 #include <QVBoxLayout>
 
 #include "app/ui/QtPrompts.h"
@@ -16,6 +18,8 @@ namespace tembrel {
 namespace {
 
 constexpr QSize kSize(680, 620);
+constexpr int kCellPadding = 5;
+constexpr int kTableMargin = 8;
 constexpr qint64 kLongestHelp = 4 << 20;
 
 // Empty when the file is not there or is no text.
@@ -26,6 +30,24 @@ QString ReadText(const QString& path) {
   }
   const QByteArray bytes = file.readAll();
   return bytes.contains('\0') ? QString() : QString::fromUtf8(bytes);
+}
+
+// As they come, every cell has a frame of its own close around its text.
+void GiveTablesAir(QTextDocument& text, const QColor& lines) {
+  for (QTextFrame* frame : text.rootFrame()->childFrames()) {
+    if (auto* table = qobject_cast<QTextTable*>(frame)) {
+      QTextTableFormat format = table->format();
+      format.setCellPadding(kCellPadding);
+      format.setCellSpacing(0);
+      format.setBorder(1);
+      format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+      format.setBorderBrush(lines);
+      format.setBorderCollapse(true);
+      format.setTopMargin(kTableMargin);
+      format.setBottomMargin(kTableMargin);
+      table->setFormat(format);
+    }
+  }
 }
 
 }  // namespace
@@ -58,6 +80,7 @@ HelpWindow::HelpWindow(QWidget* frame, const std::filesystem::path& helpFile)
   browser->setAccessibleName("Manual");
   browser->document()->setDocumentMargin(16);
   browser->setMarkdown(text);
+  GiveTablesAir(*browser->document(), palette().color(QPalette::Mid));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(browser);

@@ -1,5 +1,10 @@
 #include "app/ui/VAboutDialog.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -16,6 +21,18 @@ namespace {
 constexpr int kIconSize = 64;
 constexpr int kNamePointSizeMore = 6;
 
+// From the top down. They are filled in another order.
+constexpr std::array kShownOrder{kAboutApplicationName, kAboutVersion,   kAboutComments,
+                                 kAboutCopyright,       kAboutBuildDate, kAboutPrivateBuild,
+                                 kAboutSpecialBuild,    kAboutTrademarks};
+
+std::vector<AboutField> InShownOrder(std::vector<AboutField> fields) {
+  std::ranges::sort(fields, {}, [](const AboutField& field) {
+    return std::ranges::find(kShownOrder, field.controlId) - kShownOrder.begin();
+  });
+  return fields;
+}
+
 }  // namespace
 
 VAboutDialog::VAboutDialog(QWidget* parent) : QDialog(parent) {
@@ -23,7 +40,7 @@ VAboutDialog::VAboutDialog(QWidget* parent) : QDialog(parent) {
   setProperty("controlId", kAboutDialogResource);
   setWindowTitle("About Tembrel");
   auto* fields = new QVBoxLayout;
-  for (const AboutField& field : AboutFields(CVersionInfo())) {
+  for (const AboutField& field : InShownOrder(AboutFields(CVersionInfo()))) {
     auto* label = new QLabel(QString::fromStdString(field.text), this);
     label->setTextFormat(Qt::PlainText);
     label->setProperty("controlId", field.controlId);
@@ -34,7 +51,17 @@ VAboutDialog::VAboutDialog(QWidget* parent) : QDialog(parent) {
       font.setBold(true);
       label->setFont(font);
     }
-    fields->addWidget(label);
+    if (field.controlId == kAboutBuildDate) {
+      auto* line = new QHBoxLayout;
+      auto* caption = new QLabel("Built", this);
+      caption->setVisible(!field.text.empty());
+      line->setSpacing(fontMetrics().horizontalAdvance(' '));
+      line->addWidget(caption);
+      line->addWidget(label, 1);
+      fields->addLayout(line);
+    } else {
+      fields->addWidget(label);
+    }
   }
   fields->addStretch();
   auto* icon = new QLabel(this);
