@@ -4,7 +4,8 @@
 #include <system_error>
 #include <vector>
 
-#include <QTimer>
+#include <QExposeEvent>
+#include <QWindow>
 
 #include "app/CommandLine.h"
 #include "app/ui/QtPrompts.h"
@@ -18,6 +19,8 @@ namespace tembrel {
 
 namespace {
 
+// A window that the desktop does not show, such as one that starts as an icon, is not waited for longer.
+constexpr int kLongestWaitMs = 1000;
 constexpr char kScreenshotOption[] = "--screenshot";
 
 }  // namespace
@@ -72,8 +75,13 @@ void tembrelApp::SaveScreenshotAndQuit() {
 
 int tembrelApp::Run() {
   mainWindow->show();
-  // Once the event loop runs, so that the window is there while a long load goes on.
-  QTimer::singleShot(0, this, [this] {
+  // Once the window is on the screen: it is there while a long load goes on, and what has to be said is said
+  // in its middle.
+  mainWindow->windowHandle()->installEventFilter(this);
+  setUp.setSingleShot(true);
+  setUp.start(kLongestWaitMs);
+  connect(&setUp, &QTimer::timeout, this, [this] {
+    mainWindow->windowHandle()->removeEventFilter(this);
     SetUpClient();
     if (!screenshot.empty()) {
       QTimer::singleShot(0, this, &tembrelApp::SaveScreenshotAndQuit);
@@ -82,6 +90,13 @@ int tembrelApp::Run() {
   const int status = exec();
   mainWindow.reset();
   return status;
+}
+
+bool tembrelApp::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Expose && mainWindow->windowHandle()->isExposed() && setUp.isActive()) {
+    setUp.start(0);
+  }
+  return QApplication::eventFilter(watched, event);
 }
 
 }  // namespace tembrel

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <QApplication>
+#include <QTimer>
 
 #include "app/ConsolePrompts.h"
 
@@ -25,6 +26,10 @@ class tembrelApp : public QApplication {
   // status.
   int Run();
 
+ protected:
+  // Watches for the main window's first appearance on the screen.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   // `arguments` without the program's name and without Qt's own options, as bytes.
   void TakeCommandLine(std::vector<std::string> arguments);
@@ -36,6 +41,7 @@ class tembrelApp : public QApplication {
   std::filesystem::path screenshot;  // empty: run until the user quits
   ConsolePrompts consolePrompts;     // who answers while a picture is made
   std::unique_ptr<TMainWindow> mainWindow;
+  QTimer setUp;  // runs until the main window is on the screen
 };
 
 }  // namespace tembrel
