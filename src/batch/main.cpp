@@ -11,6 +11,7 @@
 #include "batch/CommandList.h"
 #include "batch/ScriptRunner.h"
 #include "platform/InputFile.h"
+#include "platform/OutputFile.h"
 #include "platform/Paths.h"
 
 namespace tembrel {
@@ -74,6 +75,7 @@ int Obey(const BatchOptions& options) {
 }  // namespace tembrel
 
 int main(int argc, char** argv) {
+  tembrel::SurviveFileSizeLimit();
   try {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     return tembrel::Obey(tembrel::ReadOptions(arguments));

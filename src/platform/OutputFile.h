@@ -12,6 +12,10 @@
 
 namespace tembrel {
 
+// From now on a write beyond the system's limit on the size of files fails ("File too large") instead of
+// ending the program. For the start of a program.
+void SurviveFileSizeLimit();
+
 // Every failure puts the system's words into `reason` ("No space left on device").
 class OutputFile : public ByteOutput {
  public:

@@ -48,6 +48,15 @@ output | grep -q '^frames: 263600$' || fail "wrong frames in $(output)"
 same "the program folder afterwards" "$(ls -A "$scratch/program")" ''
 same "the files afterwards" "$(ls -A)" $'Größe "1".wav\nmy script.txt'
 
+before=$(sha256sum <'Größe "1".wav')
+(
+  ulimit -f 100 # KiB
+  run 1 -e 'open "Größe \"1\".wav"' -e 'select 0 1000' -e cut -e save
+  errors | grep -q 'Größe "1".wav could not be saved: File too large' || fail "a large file: $(errors)"
+) || exit 1
+same "a file too large to be saved" "$(sha256sum <'Größe "1".wav')" "$before"
+same "the files beside it" "$(ls -A)" $'Größe "1".wav\nmy script.txt'
+
 if [ -e /dev/full ]; then
   status=0
   tembrel-batch -e 'echo one' >/dev/full 2>/dev/null || status=$?

@@ -3,6 +3,7 @@
 
 #include "app/VersionInfo.h"
 #include "app/ui/tembrelApp.h"
+#include "platform/OutputFile.h"
 
 namespace {
 
@@ -14,6 +15,7 @@ constexpr std::string_view kUsage =
 }  // namespace
 
 int main(int argc, char** argv) {
+  tembrel::SurviveFileSizeLimit();
   const std::string_view only = argc == 2 ? argv[1] : "";
   if (only == "--version") {
     std::cout << "Tembrel " << tembrel::CVersionInfo().Value(tembrel::VersionKey::FileVersion).value_or("")

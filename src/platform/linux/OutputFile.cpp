@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -39,6 +40,10 @@ bool WriteAll(std::span<const std::byte> bytes, std::string& reason, Move move) 
 }
 
 }  // namespace
+
+void SurviveFileSizeLimit() {
+  std::signal(SIGXFSZ, SIG_IGN);
+}
 
 std::optional<OutputFile> OutputFile::Create(const std::filesystem::path& path, std::string& reason) {
   OutputFile file(open(path.c_str(), kOpenFlags | O_TRUNC, kNewFileMode));
