@@ -1,5 +1,6 @@
 #include "document/Document.h"
 
+#include <system_error>
 #include <utility>
 
 #include "audio/WaveReader.h"
@@ -22,6 +23,13 @@ std::string LookOnlyNotice(const WaveFormat& format) {
     shape += ", " + std::to_string(format.nBlockAlign) + " bytes per frame";
   }
   return "This sound (" + shape + ") can be looked at but not edited.";
+}
+
+// False where a copy in this folder would only fill the disk in vain.
+bool HasRoomFor(const AudioClip& sound, const std::filesystem::path& folder) {
+  std::error_code error;
+  const std::filesystem::space_info room = std::filesystem::space(folder, error);
+  return !error && room.available > sound.dataSize;
 }
 
 }  // namespace
@@ -82,11 +90,25 @@ LoadOutcome Document::MakeTempCopy(const AudioClip& sound, const Progress& progr
     const bool goOn = !progress || progress(sound.dataSize, sound.dataSize);
     return goOn ? LoadOutcome::Loaded : LoadOutcome::Cancelled;
   }
-  const TempCopy::Result result = tempCopy->Write(sound, progress);
+  TempCopy::Result result = tempCopy->Write(sound, progress);
   if (result == TempCopy::Result::Failed) {
     tempCopy.reset();  // a part of a copy is of no use, and takes room on a disk that may be full
+    if (progress && !progress(sound.dataSize, sound.dataSize)) {
+      result = TempCopy::Result::Cancelled;
+    }
   }
   return result == TempCopy::Result::Cancelled ? LoadOutcome::Cancelled : LoadOutcome::Loaded;
+}
+
+void Document::UpdateTempCopy(const ClipChanges& changes, const Progress& progress) {
+  if (tempCopy) {
+    tempCopy->Update(*clip, changes, progress);
+  } else if (!changes.Empty() && HasRoomFor(*clip, paths.tempFolder)) {
+    MakeTempCopy(*clip, {});
+  }
+  if (changed && tempCopy) {
+    tempCopy->KeepNote(fileName);
+  }
 }
 
 void Document::FailToLoad(const std::string& displayName, const std::string& reason) {
@@ -218,13 +240,8 @@ void Document::Finish(const ClipChanges& changes, bool marksChanged, bool refres
   if (refreshesLengths) {
     RefreshLengths();
   }
-  if (tempCopy) {
-    tempCopy->Update(*clip, changes, progress);
-  }
   changed = changed || marksChanged;
-  if (changed && tempCopy) {
-    tempCopy->KeepNote(fileName);
-  }
+  UpdateTempCopy(changes, progress);
   editing = false;
   TellListener(refreshesLengths);
 }

@@ -104,6 +104,8 @@ class Document {
   void RefreshLengths();
   void Finish(const ClipChanges& changes, bool marksChanged, bool refreshesLengths,
               const Progress& progress = {});
+  // Has the temporary copy follow the changes. Where there was no room for one so far it is tried again.
+  void UpdateTempCopy(const ClipChanges& changes, const Progress& progress);
   void TellListener(bool lengthsRefreshed);
   void Clear();
   LoadOutcome MakeTempCopy(const AudioClip& sound, const Progress& progress);

@@ -195,6 +195,19 @@ TEST_F(DocumentLoading, ReportsProgressToTheEndWhereNoCopyCanBeMade) {
   EXPECT_EQ(share, 1.0);
 }
 
+TEST_F(DocumentLoading, ReportsProgressToTheEndWhereTheCopyFails) {
+  const auto path = MakeWave("song.wav", 5'000'000);
+  Document document(paths, 7);
+  double share = 0;
+  const test::FileSizeLimit limit(1000);
+  document.LoadFile(path, path, {}, [&share](std::uint64_t done, std::uint64_t total) {
+    share = static_cast<double>(done) / static_cast<double>(total);
+    return true;
+  });
+  EXPECT_NE(document.Clip(), nullptr);
+  EXPECT_EQ(share, 1.0);
+}
+
 TEST_F(DocumentLoading, LeavesNothingBehindWhenCancelledAtAnyPoint) {
   const auto path = MakeWave("song.wav");
   int reports = 0;

@@ -4,6 +4,7 @@
 #include "document/Recovery.h"
 #include "edit/ClipEdits.h"
 #include "tests/document/EditFixture.h"
+#include "tests/support/FileSizeLimit.h"
 
 namespace tembrel {
 namespace {
@@ -38,6 +39,21 @@ TEST_F(UnsavedNote, ThatIsGoneIsWrittenAgainByEveryKindOfChange) {
     EXPECT_TRUE(change().done);
     EXPECT_EQ(Content(note), document->FileName());
   }
+}
+
+TEST_F(UnsavedNote, ComesWithACopyForWhichThereIsRoomByNow) {
+  const auto path = MakeWave("song.wav");
+  Document late(paths, 9);
+  {
+    const test::FileSizeLimit limit(200);
+    late.LoadFile(path, path, {});
+    ASSERT_TRUE(late.Edit(InsertSilenceEdit({40, 80})).done);
+    EXPECT_FALSE(late.HasTempCopy());
+    EXPECT_THAT(TempFiles(), ElementsAre("temp7.wav"));
+  }
+  ASSERT_TRUE(late.Edit(InsertSilenceEdit({40, 80})).done);
+  EXPECT_THAT(TempFiles(), ElementsAre("temp7.wav", "temp9.txt", "temp9.wav"));
+  ExpectCopyUpToDate(late);
 }
 
 TEST_F(UnsavedNote, IsWrittenOnceOnly) {
