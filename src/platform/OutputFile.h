@@ -31,6 +31,12 @@ class OutputFile : public ByteOutput {
   static std::optional<OutputFile> CreateNew(const std::filesystem::path& path, Access access,
                                              std::string& reason);
 
+  // Creates a file in this folder that has no name yet and is gone with this program, however that ends.
+  // Fails, without a reason, where the file system has no such files or could not name them later.
+  static std::optional<OutputFile> CreateNameless(const std::filesystem::path& folder, Access access);
+  // Gives a nameless file its name; fails when that is taken.
+  bool GiveName(const std::filesystem::path& path, std::string& reason);
+
   OutputFile(OutputFile&& other) noexcept;
   OutputFile& operator=(OutputFile&& other) noexcept;
   OutputFile(const OutputFile&) = delete;
@@ -60,6 +66,7 @@ class OutputFile : public ByteOutput {
 
  private:
   explicit OutputFile(int openDescriptor) : descriptor(openDescriptor) {}
+  std::string SystemsName() const;
 
   int descriptor = -1;
   bool flushesOnTheWay = false;

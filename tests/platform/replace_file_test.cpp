@@ -1,9 +1,12 @@
+#include <csignal>
 #include <string_view>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
+#include "platform/OutputFile.h"
 #include "platform/ReplaceFile.h"
 #include "tests/support/FailingOutput.h"
 #include "tests/support/FileBytes.h"
@@ -216,6 +219,29 @@ TEST(ReplaceFile, LeavesNothingWhenItIsGivenUp) {
   EXPECT_FALSE(result.ok);
   EXPECT_EQ(result.reason, "");
   EXPECT_THAT(scratch.Names(), IsEmpty());
+}
+
+TEST(ReplaceFile, KilledOnTheWayLeavesTheOldFileAndNothingBeside) {
+  const ScratchFolder scratch;
+  if (!OutputFile::CreateNameless(scratch.Path(), OutputFile::Access::kDefault)) {
+    GTEST_SKIP() << "this file system has no files without a name";
+  }
+  test::WriteText(scratch / "file", "old");
+  for (const char* const name : {"file", "missing"}) {
+    const pid_t child = fork();
+    if (child == 0) {
+      ReplaceFile(scratch / name, [](ByteOutput& output, std::string& reason) {
+        output.Write(std::as_bytes(std::span("half", 4)), reason);
+        return raise(SIGKILL) == 0;
+      });
+      _exit(1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(test::ReadText(scratch / "file"), "old");
+    EXPECT_THAT(scratch.Names(), UnorderedElementsAre("file"));
+  }
 }
 
 TEST(ReplaceFile, TakesNamesOfAnyBytes) {

@@ -65,6 +65,29 @@ std::optional<OutputFile> OutputFile::CreateNew(const std::filesystem::path& pat
   return file;
 }
 
+std::optional<OutputFile> OutputFile::CreateNameless(const std::filesystem::path& folder, Access access) {
+  const mode_t mode = access == Access::kOwnerOnly ? kPrivateMode : kNewFileMode;
+  const char* const place = folder.empty() ? "." : folder.c_str();
+  OutputFile file(open(place, O_WRONLY | O_CLOEXEC | O_TMPFILE, mode));
+  if (file.descriptor < 0 || faccessat(AT_FDCWD, file.SystemsName().c_str(), F_OK, 0) != 0) {
+    return std::nullopt;
+  }
+  return file;
+}
+
+bool OutputFile::GiveName(const std::filesystem::path& path, std::string& reason) {
+  if (linkat(AT_FDCWD, SystemsName().c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) != 0) {
+    reason = SystemReason(errno);
+    return false;
+  }
+  return true;
+}
+
+// The name under which this process finds what it has opened, nameless or not.
+std::string OutputFile::SystemsName() const {
+  return "/proc/self/fd/" + std::to_string(descriptor);
+}
+
 std::optional<OutputFile> OutputFile::OpenExisting(const std::filesystem::path& path, std::string& reason) {
   OutputFile file(open(path.c_str(), kOpenExistingFlags));
   if (file.descriptor < 0) {

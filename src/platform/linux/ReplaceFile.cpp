@@ -59,15 +59,71 @@ Target Examine(const fs::path& target, std::string& reason) {
   return Target::kReplaceable;
 }
 
-bool WriteBeside(OutputFile& file, const FillFile& fill, const fs::path* attributes, std::string& reason) {
-  if (!fill(file, reason)) {
-    return false;
+// A file beside the target that will take its place. It has a name from the beginning only where it must:
+// what has none leaves nothing behind when the program is killed.
+class Successor {
+ public:
+  enum class Name { kLate, kEarly };
+
+  static std::optional<Successor> Create(const fs::path& target, OutputFile::Access access, Name when,
+                                         std::string& reason) {
+    const fs::path name = NameBeside(target);
+    if (when == Name::kLate) {
+      std::optional<OutputFile> nameless = OutputFile::CreateNameless(target.parent_path(), access);
+      if (nameless) {
+        return Successor(name, std::move(*nameless), false);
+      }
+    }
+    std::optional<OutputFile> named = OutputFile::CreateNew(name, access, reason);
+    if (!named) {
+      return std::nullopt;
+    }
+    return Successor(name, std::move(*named), true);
   }
-  if (attributes != nullptr) {
-    file.TakeAttributesOf(*attributes);
+
+  // Takes `attributes` from there, unless that is null.
+  bool Write(const FillFile& fill, const fs::path* attributes, std::string& reason) {
+    file.FlushOnTheWay();
+    if (!fill(file, reason)) {
+      return false;
+    }
+    if (attributes != nullptr) {
+      file.TakeAttributesOf(*attributes);
+    }
+    return file.Flush(reason);
   }
-  return file.Flush(reason) && file.Close(reason);
-}
+
+  // What is written can only go again where this fails.
+  bool GetName(std::string& reason) {
+    isNamed = isNamed || file.GiveName(name, reason);
+    return isNamed;
+  }
+
+  bool TakePlaceOf(const fs::path& target, std::string& reason) {
+    if (!file.Close(reason)) {
+      return false;
+    }
+    if (rename(name.c_str(), target.c_str()) != 0) {
+      reason = SystemReason(errno);
+      return false;
+    }
+    return true;
+  }
+
+  void Remove() const {
+    if (isNamed) {
+      unlink(name.c_str());
+    }
+  }
+
+ private:
+  Successor(fs::path nameBeside, OutputFile output, bool hasName)
+      : name(std::move(nameBeside)), file(std::move(output)), isNamed(hasName) {}
+
+  fs::path name;
+  OutputFile file;
+  bool isNamed;
+};
 
 }  // namespace
 
@@ -92,22 +148,26 @@ ReplaceResult ReplaceFile(const fs::path& path, const FillFile& fill) {
     return result;
   }
   const bool exists = found == Target::kReplaceable;
-  const fs::path beside = NameBeside(target);
-  std::optional<OutputFile> file = OutputFile::CreateNew(
-      beside, exists ? OutputFile::Access::kOwnerOnly : OutputFile::Access::kDefault, result.reason);
-  if (!file) {
+  const auto access = exists ? OutputFile::Access::kOwnerOnly : OutputFile::Access::kDefault;
+  const auto write = [&](Successor::Name when) {
+    std::optional<Successor> written = Successor::Create(target, access, when, result.reason);
+    result.ok = written && written->Write(fill, exists ? &target : nullptr, result.reason);
+    return written;
+  };
+  std::optional<Successor> successor = write(Successor::Name::kLate);
+  if (result.ok && !successor->GetName(result.reason)) {
+    // This file system makes nameless files but cannot name them.
+    result.reason.clear();
+    successor = write(Successor::Name::kEarly);
+  }
+  if (!successor) {
     return result;
   }
-  file->FlushOnTheWay();
-  result.ok = WriteBeside(*file, fill, exists ? &target : nullptr, result.reason);
-  if (result.ok && rename(beside.c_str(), target.c_str()) != 0) {
-    result.reason = SystemReason(errno);
-    result.ok = false;
-  }
+  result.ok = result.ok && successor->TakePlaceOf(target, result.reason);
   if (result.ok) {
     FlushFolder(target.parent_path());
   } else {
-    unlink(beside.c_str());
+    successor->Remove();
   }
   return result;
 }
