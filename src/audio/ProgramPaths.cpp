@@ -46,17 +46,16 @@ ProgramPaths PathsBelow(const std::filesystem::path& programFolder) {
 ProgramPaths ChooseProgramPaths(const std::filesystem::path& executable,
                                 const std::filesystem::path& userDataFolder) {
   const std::filesystem::path beside = ProgramFolder(executable.string());
-  ProgramPaths paths =
-      PathsBelow(IsWritableFolder(beside) || userDataFolder.empty() ? beside : userDataFolder);
+  return PathsBelow(IsWritableFolder(beside) || userDataFolder.empty() ? beside : userDataFolder);
+}
+
+ProgramPaths FindProgramPaths() {
+  ProgramPaths paths = ChooseProgramPaths(ExecutablePath(), UserDataFolder());
   // Without the folder there would be no playing and no recovery; the failure shows when a copy cannot be
   // written.
   std::error_code ignored;
   std::filesystem::create_directories(paths.tempFolder, ignored);
   return paths;
-}
-
-ProgramPaths FindProgramPaths() {
-  return ChooseProgramPaths(ExecutablePath(), UserDataFolder());
 }
 
 }  // namespace tembrel

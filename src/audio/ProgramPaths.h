@@ -33,12 +33,12 @@ struct ProgramPaths {
 ProgramPaths PathsBelow(const std::filesystem::path& programFolder);
 
 // The paths below the folder of `executable`, or below `userDataFolder` when the program may not write beside
-// itself, as an installed one may not. Creates the Temp folder, without which nothing could be played or
-// recovered.
+// itself, as an installed one may not. Nothing is created.
 ProgramPaths ChooseProgramPaths(const std::filesystem::path& executable,
                                 const std::filesystem::path& userDataFolder);
 
-// ChooseProgramPaths for the running program and its user.
+// ChooseProgramPaths for the running program and its user. Creates the Temp folder, without which nothing
+// could be played or recovered.
 ProgramPaths FindProgramPaths();
 
 }  // namespace tembrel

@@ -47,7 +47,7 @@ TEST(ProgramPaths, StandBesideAProgramThatMayWriteThere) {
   const ScratchFolder scratch;
   const ProgramPaths paths = ChooseProgramPaths(scratch / "tembrel-qt", scratch / "data");
   EXPECT_EQ(paths.programFolder, scratch.Path());
-  EXPECT_TRUE(fs::is_directory(scratch / "Temp"));
+  EXPECT_FALSE(fs::exists(scratch / "Temp"));
   EXPECT_FALSE(fs::exists(scratch / "data"));
 }
 
@@ -61,8 +61,8 @@ TEST(ProgramPaths, StandInTheUsersFolderForAnInstalledProgram) {
   const ProgramPaths paths = ChooseProgramPaths(scratch / "bin/tembrel-qt", scratch / "data/tembrel");
   EXPECT_EQ(paths.programFolder, scratch / "data/tembrel");
   EXPECT_EQ(paths.settingsFile, scratch / "data/tembrel/TEMBREL.INI");
-  EXPECT_TRUE(fs::is_directory(scratch / "data/tembrel/Temp"));
-  EXPECT_FALSE(fs::exists(scratch / "bin/Temp"));
+  EXPECT_EQ(paths.tempFolder, scratch / "data/tembrel/Temp");
+  EXPECT_FALSE(fs::exists(scratch / "data"));
 }
 
 TEST(ProgramPaths, StandInTheUsersFolderWhenTheProgramFolderIsTooLongOrUnknown) {
