@@ -39,7 +39,7 @@ QString ShortPath(const QString& path, const std::function<bool(const QString&)>
     return path;
   }
   const qsizetype slash = path.lastIndexOf('/');
-  const QString name = path.mid(slash + 1);
+  QString name = path.mid(slash + 1);
   const QString end = kEllipsis + path.mid(slash);
   if (slash > 0 && fits(end)) {
     return Longest(
