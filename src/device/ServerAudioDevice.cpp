@@ -99,7 +99,7 @@ DeviceError ServerAudioDevice::ClosePlayback() {
 DeviceError ServerAudioDevice::OpenRecording() {
   CloseRecording();
   recordingOpen = true;
-  recordingFormat = {};
+  recordingFormat = kDefaultPlayback;
   return kDeviceSuccess;
 }
 
