@@ -77,13 +77,14 @@ bool AudioUndo::Undo(ClipEditor& editor) {
   if (!history.workingClip) {
     return true;  // there was no memory to keep what could be redone
   }
-  Store(history.currentIndex + 1, history.redoSlots);
+  const int undone = history.currentIndex + 1;
+  Store(undone, history.redoSlots);
   if (steps) {
-    history.topIndex = std::max(history.topIndex, history.currentIndex + 1);
-    UndoSlot& undone = history.undoSlots.at(static_cast<std::size_t>(history.currentIndex + 1));
-    if (!undone.version) {
+    history.topIndex = std::max(history.topIndex, undone);
+    UndoSlot& slot = history.undoSlots.at(static_cast<std::size_t>(undone));
+    if (!slot.version) {
       // Given up for want of memory on the way; without it a redo could not be undone.
-      undone.version = std::make_shared<ClipVersion>(ClipVersion::Of(editor.Clip()));
+      slot.version = std::make_shared<ClipVersion>(ClipVersion::Of(editor.Clip()));
     }
   }
   return true;
