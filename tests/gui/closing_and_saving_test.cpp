@@ -211,7 +211,7 @@ class ClosingAndSavingTest : public QObject {
       QVERIFY(
           desk.prompts.questions[i].starts_with(active.at(static_cast<qsizetype>(i)).toStdString() + " "));
       const Bytes file = ReadBytes(desk.scratch / (std::string(1, static_cast<char>('a' + i)) + ".wav"));
-      QVERIFY(std::ranges::search(file, edited[i]).begin() != file.end());
+      QVERIFY(std::search(file.begin(), file.end(), edited[i].begin(), edited[i].end()) != file.end());
     }
   }
 
