@@ -197,7 +197,7 @@ EditResult Document::StepThroughHistory(bool (AudioUndo::*step)(ClipEditor&)) {
   }
   ClipEditor editor(*clip, undo, memory);
   if (!(undo.*step)(editor)) {
-    return EditResult::Refused(editor.RefusalText());
+    return RefusalOf(editor);
   }
   // Taking back a step that changed nothing, a copy, does not make the document differ from its file.
   Finish(editor.Changes(), !editor.Changes().Empty(), true);
